@@ -1,0 +1,162 @@
+#include "foundation/data_files.h"
+
+#include "platform/ini_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+
+#include <cerrno>
+
+namespace vandrel {
+
+namespace {
+
+constexpr qint64 readThroughLimit =
+    20'000'000; // bytes; larger files are checked where a report relies on them
+
+QString latin(std::string_view text) {
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::string sqlName(std::string_view name) {
+    return '"' + std::string(name) + '"';
+}
+
+std::string_view typeName(catalogue::Type type) {
+    switch (type) {
+    case catalogue::Type::text:
+        return "TEXT";
+    case catalogue::Type::code:
+        return "TEXT COLLATE NOCASE";
+    case catalogue::Type::whole:
+        return "INTEGER";
+    case catalogue::Type::number:
+        return "REAL";
+    }
+    return "TEXT";
+}
+
+std::string createTable(const catalogue::Table& table) {
+    std::string sql = "create table " + sqlName(table.name) + " (";
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+        if (i != 0) sql += ", ";
+        sql += sqlName(table.columns[i].name) + ' ' + std::string(typeName(table.columns[i].type));
+    }
+    sql += ");\n";
+    for (const std::string_view column : table.searched)
+        sql += "create index " + sqlName(std::string(table.name) + '_' + std::string(column)) + " on " +
+               sqlName(table.name) + " (" + sqlName(column) + ");\n";
+    if (!table.firstRow.empty()) sql += std::string(table.firstRow) + ";\n";
+    return sql;
+}
+
+constexpr std::pair<const char*, const char*> setupKeys[] = {
+    {"VENY", "TOP"},
+    {"VENY", "LEFT"},
+    {"ADATLAP_DEF", "BEAV_TIP"},
+    {"ADATLAP_DEF", "FT_EL"},
+    {"ELSZNYILNYOM", "MERET"},
+    {"FRISSITES", "URL"},
+    {"FRISSITES", "PROXY_ENG"},
+    {"FRISSITES", "PROXY_NEV"},
+    {"FRISSITES", "PROXY_PORT"},
+    {"ZEKA", "SZINK"},
+    {"ZEKA", "ELERES"},
+    {"ZEKA", "DEF_SZOLG"},
+    {"KJELO", "Login"},
+    {"KJELO", "Password"},
+};
+
+} // namespace
+
+QString DataFiles::path(DataFile file) const {
+    return QDir(m_folder).filePath(catalogue::fileName(file));
+}
+
+Database& DataFiles::operator[](DataFile file) {
+    std::unique_ptr<Database>& place = m_open[static_cast<std::size_t>(file)];
+    if (!place) {
+        place = std::make_unique<Database>(path(file));
+        // Scratch rows are made anew by every run: they need no wait for the disk.
+        if (file == DataFile::tetseged) place->executeScript("pragma synchronous=off;");
+    }
+    return *place;
+}
+
+void DataFiles::closeAll() {
+    for (auto& place : m_open)
+        place.reset();
+}
+
+QString DataFiles::examine(DataFile file) {
+    const QString name = catalogue::fileName(file);
+    try {
+        Database& database = (*this)[file];
+        for (const catalogue::Table& table : catalogue::file(file).tables) {
+            const QString tableName = latin(table.name);
+            if (!database.hasTable(tableName))
+                return QStringLiteral("A(z) %1 állományban nem található a(z) %2 tábla!")
+                    .arg(name, tableName);
+            Query columns = database.query("select name from pragma_table_info(?1)", tableName);
+            QStringList present;
+            while (columns.next())
+                present << columns.text(0);
+            for (const catalogue::Column& column : table.columns)
+                if (!present.contains(latin(column.name), Qt::CaseInsensitive))
+                    return QStringLiteral("A(z) %1 állomány %2 táblájában nem található a(z) %3 mező!")
+                        .arg(name, tableName, latin(column.name));
+        }
+        if (QFileInfo(database.path()).size() <= readThroughLimit &&
+            database.quickCheck() != QLatin1String("ok"))
+            return QStringLiteral("A(z) %1 állomány sérült!").arg(name);
+    } catch (const Fault& fault) {
+        return fault.text();
+    }
+    return {};
+}
+
+void createDataFile(const QString& path, DataFile file) {
+    const catalogue::File& entry = catalogue::file(file);
+    // Made under another name first: a file under its own name is always whole.
+    const QString unfinished = path + QStringLiteral(".uj");
+    QFile::remove(unfinished);
+    if (QFileInfo::exists(path))
+        throw Fault(fault::pathAccess, QStringLiteral("Már van ilyen állomány: %1").arg(path));
+    {
+        Database database = Database::create(unfinished);
+        Transaction transaction(database);
+        for (const catalogue::Table& table : entry.tables)
+            database.executeScript(createTable(table));
+        for (const catalogue::View& view : entry.views)
+            database.executeScript("create view " + sqlName(view.name) + " as " + std::string(view.select) +
+                                   ";");
+        transaction.commit();
+    }
+    if (!QFile::rename(unfinished, path)) {
+        QFile::remove(unfinished);
+        throw fileFault(EACCES, path);
+    }
+}
+
+QStringList createProgramFolder(const QString& folder) {
+    if (!QDir().mkpath(folder)) throw fileFault(errno, folder);
+    QStringList made;
+    for (const catalogue::File& entry : catalogue::files()) {
+        const QString path = QDir(folder).filePath(latin(entry.name));
+        if (QFileInfo::exists(path)) continue;
+        createDataFile(path, entry.file);
+        made << latin(entry.name);
+    }
+    const QString setup = QDir(folder).filePath(QStringLiteral("setup.ini"));
+    if (!QFileInfo::exists(setup)) {
+        const IniFile ini(setup);
+        for (const auto& [section, key] : setupKeys)
+            ini.setValue(QLatin1String(section), QLatin1String(key), {});
+        made << QStringLiteral("setup.ini");
+    }
+    return made;
+}
+
+} // namespace vandrel

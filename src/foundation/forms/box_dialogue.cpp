@@ -1,0 +1,53 @@
+#include "foundation/forms/box_dialogue.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QShortcut>
+
+namespace vandrel {
+
+namespace {
+
+QMessageBox::Icon boxIcon(Icon icon) {
+    switch (icon) {
+    case Icon::none:
+        return QMessageBox::NoIcon;
+    case Icon::information:
+        return QMessageBox::Information;
+    case Icon::question:
+        return QMessageBox::Question;
+    case Icon::warning:
+        return QMessageBox::Warning;
+    case Icon::critical:
+        return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+} // namespace
+
+Answer BoxDialogue::show(const Message& message) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setObjectName(QStringLiteral("uzenet"));
+    box.setWindowTitle(message.title);
+    box.setTextFormat(Qt::PlainText); // data in a message is never mark-up
+    box.setText(message.text);
+    box.setIcon(boxIcon(message.icon));
+    if (message.buttons == Buttons::ok) {
+        box.addButton(QStringLiteral("Rendben"), QMessageBox::AcceptRole);
+        box.exec();
+        return Answer::ok;
+    }
+    QPushButton* yes = box.addButton(QStringLiteral("&Igen"), QMessageBox::YesRole);
+    QPushButton* no = box.addButton(QStringLiteral("&Nem"), QMessageBox::NoRole);
+    box.setDefaultButton(yes);
+    box.setEscapeButton(no);
+    // One letter answers: the clerk's hands stay where they are.
+    QObject::connect(new QShortcut(Qt::Key_I, &box), &QShortcut::activated, yes, &QPushButton::click);
+    QObject::connect(new QShortcut(Qt::Key_N, &box), &QShortcut::activated, no, &QPushButton::click);
+    box.exec();
+    return box.clickedButton() == yes ? Answer::yes : Answer::no;
+}
+
+} // namespace vandrel

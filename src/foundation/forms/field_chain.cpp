@@ -1,0 +1,182 @@
+#include "foundation/forms/field_chain.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPalette>
+#include <QPlainTextEdit>
+
+namespace vandrel {
+
+namespace {
+
+// The system's own colours: white and dark red with the focus, grey and maroon without.
+const QColor focusBackground(255, 255, 255);
+const QColor focusText(192, 0, 0);
+const QColor idleBackground(192, 192, 192);
+const QColor idleText(128, 0, 0);
+
+bool isEnter(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+bool passesNumeric(const QKeyEvent& event) {
+    const QString text = event.text();
+    if (text.isEmpty() || !text[0].isPrint()) return true;
+    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) return true;
+    return (text[0] >= QLatin1Char('0') && text[0] <= QLatin1Char('9')) || text[0] == QLatin1Char(',');
+}
+
+} // namespace
+
+void SelectAll(QWidget* field) {
+    field->setFocus(Qt::OtherFocusReason);
+    if (auto* edit = qobject_cast<QLineEdit*>(field)) edit->selectAll();
+}
+
+void FieldChain::add(QWidget* field, const FieldBehaviour& behaviour) {
+    QWidget* previous = nullptr;
+    for (const Entry& entry : m_entries)
+        if (entry.chained) previous = entry.field;
+    if (previous != nullptr) QWidget::setTabOrder(previous, field);
+    m_entries.push_back({field, behaviour, true});
+    field->installEventFilter(this);
+    paint(field, field->hasFocus());
+}
+
+void FieldChain::adopt(QWidget* field, const FieldBehaviour& behaviour) {
+    m_entries.push_back({field, behaviour, false});
+    field->installEventFilter(this);
+    paint(field, field->hasFocus());
+}
+
+const FieldChain::Entry* FieldChain::find(const QObject* field) const {
+    for (const Entry& entry : m_entries)
+        if (entry.field == field) return &entry;
+    return nullptr;
+}
+
+bool FieldChain::go(QWidget* from, int step) {
+    int place = -1;
+    const int count = static_cast<int>(m_entries.size());
+    for (int i = 0; i < count; ++i)
+        if (m_entries[static_cast<std::size_t>(i)].field == from) place = i;
+    if (place < 0) return false;
+    for (int i = place + step; i >= 0 && i < count; i += step) {
+        const Entry& entry = m_entries[static_cast<std::size_t>(i)];
+        if (!entry.chained || entry.field == nullptr || !entry.field->isVisible() ||
+            !entry.field->isEnabled())
+            continue;
+        SelectAll(entry.field);
+        return true;
+    }
+    return false;
+}
+
+void FieldChain::goNext(QWidget* from) {
+    go(from, 1);
+}
+
+void FieldChain::goPrevious(QWidget* from) {
+    go(from, -1);
+}
+
+void FieldChain::paint(QWidget* field, bool focused) {
+    QPalette palette = field->palette();
+    palette.setColor(QPalette::Base, focused ? focusBackground : idleBackground);
+    palette.setColor(QPalette::Text, focused ? focusText : idleText);
+    field->setPalette(palette);
+}
+
+bool FieldChain::eventFilter(QObject* watched, QEvent* event) {
+    const Entry* entry = find(watched);
+    if (entry == nullptr) return false;
+    auto* field = static_cast<QWidget*>(watched);
+    switch (event->type()) {
+    case QEvent::FocusIn: {
+        paint(field, true);
+        if (auto* edit = qobject_cast<QLineEdit*>(field)) {
+            const auto reason = static_cast<QFocusEvent*>(event)->reason();
+            // A mouse press sets the cursor after this event: select behind it.
+            if (reason == Qt::MouseFocusReason)
+                QMetaObject::invokeMethod(edit, &QLineEdit::selectAll, Qt::QueuedConnection);
+            else if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+                QMetaObject::invokeMethod(
+                    edit,
+                    [edit] {
+                        if (edit->hasFocus() && !edit->hasSelectedText()) edit->selectAll();
+                    },
+                    Qt::QueuedConnection);
+        }
+        return false;
+    }
+    case QEvent::FocusOut: {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        // Another window or a menu in front is no leaving: the field keeps the focus inside the form.
+        if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+            reason == Qt::ActiveWindowFocusReason)
+            return false;
+        paint(field, false);
+        if (entry->behaviour.leave && !m_blocked) leaveLater(field);
+        return false;
+    }
+    case QEvent::KeyPress:
+        // A key typed ahead of a check that gives the focus back belongs to nobody.
+        if (!settle() && !field->hasFocus()) return true;
+        return keyPressed(field, *entry, static_cast<QKeyEvent*>(event));
+    default:
+        return false;
+    }
+}
+
+bool FieldChain::keyPressed(QWidget* field, const Entry& entry, QKeyEvent* event) {
+    const int key = isEnter(event->key()) ? static_cast<int>(Qt::Key_Return) : event->key();
+    const bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (plain && entry.behaviour.key && entry.behaviour.key(key)) return true;
+    if (plain && key == Qt::Key_F1 && entry.behaviour.help) {
+        entry.behaviour.help();
+        return true;
+    }
+    // A text of several lines keeps its own Enter and arrows.
+    if (plain && qobject_cast<QPlainTextEdit*>(field) == nullptr && entry.chained) {
+        if (key == Qt::Key_Return || key == Qt::Key_Down) {
+            goNext(field);
+            return true;
+        }
+        if (key == Qt::Key_Up) {
+            goPrevious(field);
+            return true;
+        }
+    }
+    return entry.behaviour.numeric && !passesNumeric(*event);
+}
+
+void FieldChain::leaveLater(QWidget* field) {
+    m_left.emplace_back(field);
+    // The check may show a box, and a box inside the focus change would re-enter it.
+    QMetaObject::invokeMethod(
+        this, [this] { settle(); }, Qt::QueuedConnection);
+}
+
+bool FieldChain::settle() {
+    if (m_checking) return true;
+    bool kept = true;
+    while (!m_left.empty()) {
+        const QPointer<QWidget> field = m_left.front();
+        m_left.erase(m_left.begin());
+        if (field == nullptr || m_blocked) continue;
+        const Entry* entry = find(field);
+        if (entry == nullptr || !entry->behaviour.leave || field->hasFocus()) continue;
+        m_checking = true;
+        const bool good = entry->behaviour.leave();
+        m_checking = false;
+        if (good || field == nullptr) continue;
+        m_left.clear();
+        kept = false;
+        SelectAll(field);
+    }
+    return kept;
+}
+
+} // namespace vandrel

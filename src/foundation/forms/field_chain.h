@@ -1,0 +1,70 @@
+// What every input form has in common: Enter and Down go to the next field, Up to the previous one, the text
+// is selected on focus, the focused field is white with dark red text and the others grey, F1 opens a field's
+// list, numeric fields drop other keys, and a check runs when the focus leaves a field.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+class QKeyEvent;
+
+namespace vandrel {
+
+// What a field does beyond standing in the chain. Functions may be empty.
+struct FieldBehaviour {
+    bool numeric = false;        // only digits, comma and Backspace pass
+    std::function<void()> help;  // F1
+    std::function<bool()> leave; // after the focus left; false gives the focus back to the field
+    std::function<bool(int key)>
+        key; // sees Enter (as Key_Return), Up, Down, Esc and F-keys first; true: handled
+};
+
+class FieldChain : public QObject {
+    Q_OBJECT
+
+  public:
+    explicit FieldChain(QObject* parent) : QObject(parent) {}
+
+    // Appends a field to the chain. Its place in the chain is its Tab place too.
+    void add(QWidget* field, const FieldBehaviour& behaviour = {});
+    // Colours, selection, F1 and checks as above, but no place in the chain.
+    void adopt(QWidget* field, const FieldBehaviour& behaviour = {});
+
+    // The next or previous field of the chain that is visible and enabled gets the focus.
+    void goNext(QWidget* from);
+    void goPrevious(QWidget* from);
+
+    // Runs the leave checks that still wait for the event loop; false when one of them gave the focus back.
+    bool settle();
+    // While blocked no leave check runs (the form is being cleared or closed).
+    void blockChecks(bool blocked) { m_blocked = blocked; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    struct Entry {
+        QPointer<QWidget> field;
+        FieldBehaviour behaviour;
+        bool chained;
+    };
+
+    const Entry* find(const QObject* field) const;
+    bool keyPressed(QWidget* field, const Entry& entry, QKeyEvent* event);
+    void paint(QWidget* field, bool focused);
+    void leaveLater(QWidget* field);
+    bool go(QWidget* from, int step);
+
+    std::vector<Entry> m_entries;
+    std::vector<QPointer<QWidget>> m_left; // fields whose leave check is due
+    bool m_checking = false;
+    bool m_blocked = false;
+};
+
+// Focus to a field with its text selected.
+void SelectAll(QWidget* field);
+
+} // namespace vandrel

@@ -1,0 +1,31 @@
+#include "foundation/forms/window_helpers.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QScreen>
+#include <QStyleFactory>
+#include <QWidget>
+
+namespace vandrel {
+
+namespace {
+constexpr double seeThroughOpacity = 150.0 / 255.0;
+}
+
+void applySeeThrough(QWidget& window, bool seeThrough) {
+    window.setWindowOpacity(seeThrough ? seeThroughOpacity : 1.0);
+}
+
+void centreOnScreen(QWidget& window) {
+    const QScreen* screen = window.screen() != nullptr ? window.screen() : QApplication::primaryScreen();
+    if (screen == nullptr) return;
+    const QRect area = screen->availableGeometry();
+    window.move(area.center() - window.rect().center());
+}
+
+void prepareApplication(QApplication& application) {
+    QLocale::setDefault(QLocale(QLocale::Hungarian, QLocale::Hungary));
+    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+}
+
+} // namespace vandrel

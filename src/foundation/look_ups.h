@@ -1,0 +1,42 @@
+// Code-to-name look-ups over the dictionaries. Codes are compared without regard to case; values are bound.
+#pragma once
+
+#include "foundation/workstation.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace vandrel {
+
+struct ProcedureEntry {
+    QString name;  // a blank when the code is unknown
+    double points; // 0 when the code is unknown
+};
+
+// Name and point value of a procedure code.
+ProcedureEntry Visszaad_beav(Workstation& station, const QString& code);
+// True when BEAV has the code.
+bool procedureExists(Workstation& station, const QString& code);
+// Name of a diagnosis; nullopt when DIAGNOS does not have the code.
+std::optional<QString> Visszaad_Diagnos(Workstation& station, const QString& code);
+QString Visszaad_szakrend(Workstation& station, const QString& code);       // REND_NEV, empty when not found
+double Visszaad_szakrend_szorzo(Workstation& station, const QString& code); // SZORZO, 1.0 when not found
+QString Visszaad_bekuldo(Workstation& station, const QString& code);        // NEV, a blank when not found
+QString Visszaad_orvos(Workstation& station, const QString& code);          // NEV, empty when not found
+QString Visszaad_VizDijNev(const QString& code); // text of the visit-fee code's list entry
+QString Visszaad_VizDijFizModNev(const QString& code);
+// NEVE & " (" & Taj & ")"; empty when not found.
+QString patientCaption(Workstation& station, qint64 patientId);
+// Each line of the sheet as name(code), with "," between, in table order.
+QString procedureSummary(Workstation& station, const QString& sheetKey);
+// First town whose postal code starts with the given text (empty text: empty); exact: of that very code.
+QString townByPrefix(Workstation& station, const QString& postalCode);
+QString townOf(Workstation& station, const QString& postalCode);
+// Short fee category text for prints; leaves text unchanged for a code it does not know (0E, 0K, 0M and 0S
+// have no text here, and that is wanted).
+void feeCategoryText(const QString& code, QString& text);
+// Week of a date, as the sick-pay week fields count it.
+int weekOf(QDate date);
+
+} // namespace vandrel

@@ -1,0 +1,40 @@
+// What one running program is: its folder, its data, the ways to the outside, and the few process-wide
+// values. Made once in main() (or by a test on a temporary folder) and passed by reference; there is no other
+// global.
+#pragma once
+
+#include "foundation/data_files.h"
+#include "foundation/dialogue.h"
+#include "platform/clock.h"
+#include "platform/ini_file.h"
+#include "platform/packer.h"
+
+#include <QDir>
+#include <QString>
+
+#include <functional>
+
+namespace vandrel {
+
+struct Workstation {
+    Workstation(const QString& programFolder, Dialogue& dialogueToUse, const Clock& clockToUse,
+                Packer& packerToUse)
+        : folder(programFolder), files(programFolder),
+          setup(QDir(programFolder).filePath(QStringLiteral("setup.ini"))), dialogue(dialogueToUse),
+          clock(clockToUse), packer(packerToUse) {}
+
+    QString folder; // the program's folder, which is also its working folder; no closing separator
+    DataFiles files;
+    IniFile setup;
+    Dialogue& dialogue;
+    const Clock& clock;
+    Packer& packer;
+    StatusNote* statusNote = nullptr;  // null: no window, the notes go nowhere
+    std::function<void()> serveEvents; // one turn of the event loop; empty without a window
+
+    // Process-wide values that cross forms.
+    bool Attunes = true;                           // see-through windows
+    QString reportTarget = QStringLiteral("a:\\"); // folder of the report files, with its closing separator
+};
+
+} // namespace vandrel

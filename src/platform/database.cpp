@@ -1,0 +1,281 @@
+// SQLite behind the program's faults and its three values (Null, one blank, empty text).
+#include "platform/database.h"
+
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace vandrel {
+
+namespace {
+
+constexpr int busyMilliseconds = 1500; // a sibling tool may hold TAJKapu.mdb for a moment
+
+} // namespace
+
+Query::Query(Query&& other) noexcept
+    : m_database(other.m_database), m_statement(std::exchange(other.m_statement, nullptr)),
+      m_sql(other.m_sql) {}
+
+Query::~Query() {
+    if (m_statement != nullptr) m_database->giveBack(m_statement, m_sql);
+}
+
+void Query::check(int result) const {
+    if (result != SQLITE_OK) m_database->raise(result);
+}
+
+Query& Query::bind(int parameter, std::nullptr_t) {
+    check(sqlite3_bind_null(m_statement, parameter));
+    return *this;
+}
+
+Query& Query::bind(int parameter, qint64 value) {
+    check(sqlite3_bind_int64(m_statement, parameter, value));
+    return *this;
+}
+
+Query& Query::bind(int parameter, double value) {
+    check(sqlite3_bind_double(m_statement, parameter, value));
+    return *this;
+}
+
+Query& Query::bind(int parameter, const QString& value) {
+    const QByteArray utf8 = value.toUtf8();
+    return bind(parameter, std::string_view(utf8.constData(), static_cast<std::size_t>(utf8.size())));
+}
+
+Query& Query::bind(int parameter, std::string_view utf8) {
+    // A null pointer would store Null; the empty text must stay an empty text.
+    const char* data = utf8.data() != nullptr ? utf8.data() : "";
+    check(sqlite3_bind_text64(m_statement, parameter, data, utf8.size(), SQLITE_TRANSIENT, SQLITE_UTF8));
+    return *this;
+}
+
+Query& Query::bindBorrowed(int parameter, std::string_view utf8) {
+    const char* data = utf8.data() != nullptr ? utf8.data() : "";
+    check(sqlite3_bind_text64(m_statement, parameter, data, utf8.size(), SQLITE_STATIC, SQLITE_UTF8));
+    return *this;
+}
+
+bool Query::next() {
+    const int result = sqlite3_step(m_statement);
+    if (result == SQLITE_ROW) return true;
+    if (result == SQLITE_DONE) return false;
+    sqlite3_reset(m_statement);
+    m_database->raise(result);
+}
+
+void Query::run() {
+    while (next()) {
+    }
+    sqlite3_reset(m_statement);
+}
+
+void Query::reset() {
+    sqlite3_reset(m_statement);
+}
+
+int Query::columnCount() const {
+    return sqlite3_column_count(m_statement);
+}
+
+QString Query::columnName(int column) const {
+    return QString::fromUtf8(sqlite3_column_name(m_statement, column));
+}
+
+bool Query::isNull(int column) const {
+    return sqlite3_column_type(m_statement, column) == SQLITE_NULL;
+}
+
+QString Query::text(int column) const {
+    const std::string_view utf8 = bytes(column);
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+std::optional<QString> Query::optionalText(int column) const {
+    if (isNull(column)) return std::nullopt;
+    return text(column);
+}
+
+std::string_view Query::bytes(int column) const {
+    const auto* data = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
+    if (data == nullptr) return {};
+    return {data, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, column))};
+}
+
+qint64 Query::integer(int column) const {
+    return sqlite3_column_int64(m_statement, column);
+}
+
+double Query::number(int column) const {
+    return sqlite3_column_double(m_statement, column);
+}
+
+Database::Database(const QString& path) : m_path(path) {
+    if (!QFileInfo(path).isFile())
+        throw Fault(fault::dataFileMissing, QStringLiteral("Nem található a %1 állomány!").arg(fileName()));
+    int result = sqlite3_open_v2(path.toUtf8().constData(), &m_handle, SQLITE_OPEN_READWRITE, nullptr);
+    if (result == SQLITE_OK) {
+        sqlite3_extended_result_codes(m_handle, 1);
+        // The file is first read here; a file that is no database shows itself now.
+        result = sqlite3_exec(m_handle, "select count(*) from sqlite_master", nullptr, nullptr, nullptr);
+    }
+    if (result != SQLITE_OK) {
+        try {
+            raise(result);
+        } catch (...) {
+            sqlite3_close_v2(m_handle);
+            throw;
+        }
+    }
+    configure();
+}
+
+Database Database::create(const QString& path) {
+    Database result;
+    result.m_path = path;
+    if (QFileInfo::exists(path))
+        throw Fault(fault::pathAccess, QStringLiteral("Már van ilyen állomány: %1").arg(result.fileName()));
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &result.m_handle,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    if (code != SQLITE_OK) result.raise(code);
+    sqlite3_extended_result_codes(result.m_handle, 1);
+    result.configure();
+    return result;
+}
+
+void Database::configure() {
+    sqlite3_busy_timeout(m_handle, busyMilliseconds);
+    // A closed data file is one file, and a store that was confirmed survives a power cut.
+    executeScript("pragma journal_mode=delete; pragma synchronous=full; pragma foreign_keys=off;");
+}
+
+Database::Database(Database&& other) noexcept
+    : m_path(std::move(other.m_path)), m_handle(std::exchange(other.m_handle, nullptr)),
+      m_cache(std::move(other.m_cache)) {
+    other.m_cache.clear();
+}
+
+Database::~Database() {
+    for (auto& [sql, statements] : m_cache)
+        for (sqlite3_stmt* statement : statements)
+            sqlite3_finalize(statement);
+    sqlite3_close_v2(m_handle);
+}
+
+QString Database::fileName() const {
+    return QFileInfo(m_path).fileName();
+}
+
+Query Database::take(std::string_view sql) {
+    const auto [place, added] = m_cache.try_emplace(std::string(sql));
+    const std::string_view key = place->first; // node-based map: the key stays where it is
+    if (!place->second.empty()) {
+        sqlite3_stmt* statement = place->second.back();
+        place->second.pop_back();
+        return Query(*this, statement, key);
+    }
+    sqlite3_stmt* statement = nullptr;
+    const int result = sqlite3_prepare_v3(m_handle, sql.data(), static_cast<int>(sql.size()),
+                                          SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    if (result != SQLITE_OK) raise(result);
+    return Query(*this, statement, key);
+}
+
+void Database::giveBack(sqlite3_stmt* statement, std::string_view sql) {
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    m_cache.find(std::string(sql))->second.push_back(statement);
+}
+
+void Database::executeScript(const std::string& sql) {
+    const int result = sqlite3_exec(m_handle, sql.c_str(), nullptr, nullptr, nullptr);
+    if (result != SQLITE_OK) raise(result);
+}
+
+qint64 Database::changes() const {
+    return sqlite3_changes64(m_handle);
+}
+
+qint64 Database::lastRowId() const {
+    return sqlite3_last_insert_rowid(m_handle);
+}
+
+bool Database::inTransaction() const {
+    return sqlite3_get_autocommit(m_handle) == 0;
+}
+
+bool Database::hasTable(const QString& table) {
+    return query("select 1 from sqlite_master where type in ('table','view') and name=?1 collate nocase",
+                 table)
+        .next();
+}
+
+QString Database::quickCheck() {
+    Query check = query("pragma quick_check(1)");
+    return check.next() ? check.text(0) : QStringLiteral("ok");
+}
+
+void Database::raise(int result) const {
+    const QString engine = m_handle != nullptr ? QString::fromUtf8(sqlite3_errmsg(m_handle)) : QString();
+    const auto raiseAs = [&](int number, const QString& text) {
+        throw Fault(number, QStringLiteral("%1: %2 (%3)").arg(fileName(), text, engine));
+    };
+    switch (result & 0xff) {
+    case SQLITE_FULL:
+        raiseAs(fault::dataFileFull, QStringLiteral("a lemez megtelt"));
+        break;
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+        raiseAs(fault::dataFileReadOnly, QStringLiteral("az adatállomány nem írható"));
+        break;
+    case SQLITE_CANTOPEN:
+        // The journal beside the file could not be made, or the file itself not be opened.
+        raiseAs(fault::dataFileReadOnly, QStringLiteral("az adatállomány nem nyitható meg írásra"));
+        break;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        raiseAs(fault::dataFileInUse, QStringLiteral("az adatállományt más program használja"));
+        break;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        raiseAs(fault::dataFileDamaged, QStringLiteral("az adatállomány sérült"));
+        break;
+    case SQLITE_CONSTRAINT:
+    case SQLITE_MISMATCH:
+    case SQLITE_TOOBIG:
+        raiseAs(fault::dataConversion, QStringLiteral("az adat nem tárolható"));
+        break;
+    default:
+        break;
+    }
+    if (engine.contains(QLatin1String("no such table")))
+        raiseAs(fault::tableMissing, QStringLiteral("hiányzó tábla"));
+    if (engine.contains(QLatin1String("no such column")) || engine.contains(QLatin1String("has no column")))
+        raiseAs(fault::columnMissing, QStringLiteral("hiányzó oszlop"));
+    raiseAs(fault::storage, QStringLiteral("adatbázishiba"));
+    Q_UNREACHABLE();
+}
+
+Transaction::Transaction(Database& database) : m_database(database) {
+    m_database.execute("begin immediate");
+}
+
+Transaction::~Transaction() {
+    if (!m_open) return;
+    try {
+        // The engine itself rolls back after some faults (a full disk).
+        if (m_database.inTransaction()) m_database.execute("rollback");
+    } catch (const Fault&) {
+        // The fault that brought us here is already on its way to the user.
+    }
+}
+
+void Transaction::commit() {
+    m_database.execute("commit");
+    m_open = false;
+}
+
+} // namespace vandrel

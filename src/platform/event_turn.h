@@ -1,0 +1,31 @@
+// Gives the event loop a turn from inside a long loop, by time and not by record: a turn on each of fifty
+// thousand records costs seconds, one every twentieth of a second nothing.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <utility>
+
+namespace vandrel {
+
+class EventTurn {
+  public:
+    // serve runs the event loop once; an empty function is allowed (no window).
+    explicit EventTurn(std::function<void()> serve,
+                       std::chrono::milliseconds every = std::chrono::milliseconds(20))
+        : m_serve(std::move(serve)), m_every(every), m_last(std::chrono::steady_clock::now()) {}
+
+    // True when a turn is due; the caller then refreshes its display and calls serve().
+    bool due() const { return std::chrono::steady_clock::now() - m_last >= m_every; }
+    void serve() {
+        if (m_serve) m_serve();
+        m_last = std::chrono::steady_clock::now();
+    }
+
+  private:
+    std::function<void()> m_serve;
+    std::chrono::milliseconds m_every;
+    std::chrono::steady_clock::time_point m_last;
+};
+
+} // namespace vandrel

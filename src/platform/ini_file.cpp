@@ -1,0 +1,138 @@
+// Line-wise reading and writing of the INI file, so that comments and foreign keys survive.
+#include "platform/ini_file.h"
+
+#include "platform/code_page.h"
+#include "platform/fault.h"
+
+#include <QFile>
+#include <QSaveFile>
+#include <QStringList>
+
+#include <cerrno>
+
+namespace vandrel {
+
+namespace {
+
+constexpr int bufferCharacters = 39; // a buffer of 40 with its closing zero
+
+QStringList readLines(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QString text = code_page::toUnicode(file.readAll());
+    QStringList lines = text.split(QLatin1Char('\n'));
+    for (QString& line : lines)
+        if (line.endsWith(QLatin1Char('\r'))) line.chop(1);
+    if (!lines.isEmpty() && lines.last().isEmpty()) lines.removeLast();
+    return lines;
+}
+
+void writeLines(const QString& path, const QStringList& lines) {
+    QSaveFile file(path);
+    file.setDirectWriteFallback(false);
+    errno = 0;
+    if (!file.open(QIODevice::WriteOnly)) throw fileFault(errno != 0 ? errno : EACCES, path);
+    for (const QString& line : lines)
+        file.write(code_page::fromUnicode(line) + "\r\n");
+    errno = 0;
+    if (!file.commit()) throw fileFault(errno != 0 ? errno : ENOSPC, path);
+}
+
+bool isSection(const QString& line, const QString& section) {
+    const QString trimmed = line.trimmed();
+    return trimmed.startsWith(QLatin1Char('[')) && trimmed.endsWith(QLatin1Char(']')) &&
+           trimmed.mid(1, trimmed.size() - 2).trimmed().compare(section, Qt::CaseInsensitive) == 0;
+}
+
+bool isAnySection(const QString& line) {
+    return line.trimmed().startsWith(QLatin1Char('['));
+}
+
+// Where a section's lines stand: [first, last) without its own head line; first < 0 when it is not there.
+struct Range {
+    qsizetype first = -1;
+    qsizetype last = -1;
+};
+
+Range findSection(const QStringList& lines, const QString& section) {
+    Range range;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (range.first < 0) {
+            if (isSection(lines[i], section)) range.first = i + 1;
+        } else if (isAnySection(lines[i])) {
+            range.last = i;
+            break;
+        }
+    }
+    if (range.first >= 0 && range.last < 0) range.last = lines.size();
+    return range;
+}
+
+bool isKey(const QString& line, const QString& key) {
+    const qsizetype sign = line.indexOf(QLatin1Char('='));
+    return sign >= 0 && !line.trimmed().startsWith(QLatin1Char(';')) &&
+           line.left(sign).trimmed().compare(key, Qt::CaseInsensitive) == 0;
+}
+
+// A line end inside a value would forge another key.
+QString assignment(const QString& key, const QString& value) {
+    QString oneLine = value;
+    oneLine.replace(QLatin1Char('\r'), QLatin1Char(' ')).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    return key + QLatin1Char('=') + oneLine;
+}
+
+} // namespace
+
+QString IniFile::value(const QString& section, const QString& key) const {
+    const QStringList lines = readLines(m_path);
+    const Range range = findSection(lines, section);
+    if (range.first < 0) return {};
+    for (qsizetype i = range.first; i < range.last; ++i) {
+        if (!isKey(lines[i], key)) continue;
+        QString value = lines[i].mid(lines[i].indexOf(QLatin1Char('=')) + 1).trimmed();
+        if (value.size() >= 2 && (value.front() == QLatin1Char('"') || value.front() == QLatin1Char('\'')) &&
+            value.back() == value.front())
+            value = value.mid(1, value.size() - 2);
+        return value.left(bufferCharacters);
+    }
+    return {};
+}
+
+void IniFile::setValue(const QString& section, const QString& key, const QString& value) const {
+    QStringList lines = readLines(m_path);
+    const Range range = findSection(lines, section);
+    if (range.first < 0) {
+        lines << QLatin1Char('[') + section + QLatin1Char(']') << assignment(key, value);
+        writeLines(m_path, lines);
+        return;
+    }
+    for (qsizetype i = range.first; i < range.last; ++i) {
+        if (!isKey(lines[i], key)) continue;
+        lines[i] = assignment(key, value);
+        writeLines(m_path, lines);
+        return;
+    }
+    qsizetype end = range.last;
+    while (end > range.first && lines[end - 1].trimmed().isEmpty())
+        --end;
+    lines.insert(end, assignment(key, value));
+    writeLines(m_path, lines);
+}
+
+void IniFile::setSection(const QString& section,
+                         const std::vector<std::pair<QString, QString>>& values) const {
+    QStringList lines = readLines(m_path);
+    const Range range = findSection(lines, section);
+    qsizetype place = range.first;
+    if (place < 0) {
+        lines << QLatin1Char('[') + section + QLatin1Char(']');
+        place = lines.size();
+    } else {
+        lines.erase(lines.begin() + range.first, lines.begin() + range.last);
+    }
+    for (const auto& [key, value] : values)
+        lines.insert(place++, assignment(key, value));
+    writeLines(m_path, lines);
+}
+
+} // namespace vandrel

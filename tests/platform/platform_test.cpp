@@ -1,0 +1,172 @@
+// The machine's side: data files keep their three values, faults carry their numbers, text files their bytes.
+#include "support/test_workstation.h"
+
+#include "foundation/format.h"
+#include "platform/code_page.h"
+#include "platform/single_instance.h"
+#include "platform/text_compare.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+namespace vandrel::test {
+
+int faultOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Fault& fault) {
+        return fault.number();
+    }
+    return 0;
+}
+
+TEST(Database, KeepsNullBlankAndEmptyApart) {
+    TestWorkstation station;
+    Database& data = station.data();
+    data.execute("insert into BETEG (AZONOSITO, NOTE) values ('1', ?1)", nullptr);
+    data.execute("insert into BETEG (AZONOSITO, NOTE) values ('2', ?1)", QStringLiteral(" "));
+    data.execute("insert into BETEG (AZONOSITO, NOTE) values ('3', ?1)", QString());
+    data.execute("insert into BETEG (AZONOSITO, NOTE) values ('4', ?1)", QStringLiteral("O'Hara %_ <b>őŰ"));
+    Query rows = data.query("select NOTE from BETEG order by rowid");
+    std::vector<std::optional<QString>> notes;
+    while (rows.next())
+        notes.push_back(rows.optionalText(0));
+    ASSERT_EQ(notes.size(), 4U);
+    EXPECT_FALSE(notes[0].has_value());
+    EXPECT_EQ(notes[1], QStringLiteral(" "));
+    EXPECT_EQ(notes[2], QString(QLatin1String("")));
+    EXPECT_TRUE(notes[2].has_value());
+    EXPECT_EQ(notes[3], QStringLiteral("O'Hara %_ <b>őŰ"));
+}
+
+TEST(Database, NeverReplacesALostOrDamagedFile) {
+    TestWorkstation station;
+    station.workstation.files.closeAll();
+    QFile::remove(station.path(QStringLiteral("beav.mdb")));
+    EXPECT_EQ(faultOf([&] { station.workstation.files[DataFile::beav]; }), fault::dataFileMissing);
+    EXPECT_FALSE(QFile::exists(station.path(QStringLiteral("beav.mdb"))));
+    EXPECT_EQ(station.workstation.files.examine(DataFile::beav),
+              QStringLiteral("Nem található a beav.mdb állomány!"));
+    QFile damaged(station.path(QStringLiteral("tetmod.mdb")));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+    damaged.write("this is no data file, whatever its name says");
+    damaged.close();
+    EXPECT_EQ(faultOf([&] { station.workstation.files[DataFile::tetmod]; }), fault::dataFileDamaged);
+    EXPECT_EQ(station.workstation.files.examine(DataFile::tetdata), QString());
+    station.data().executeScript("drop table Utolsok");
+    EXPECT_TRUE(station.workstation.files.examine(DataFile::tetdata).contains(QLatin1String("Utolsok")));
+}
+
+TEST(Database, TransactionThatIsNotCommittedLeavesNothing) {
+    TestWorkstation station;
+    {
+        Transaction transaction(station.data());
+        station.data().execute("insert into BETEG (AZONOSITO) values ('1')");
+    }
+    EXPECT_EQ(firstText(station.data(), "select count(*) from BETEG"), QStringLiteral("0"));
+    EXPECT_EQ(faultOf([&] { station.data().execute("insert into NINCS values (1)"); }), fault::tableMissing);
+    EXPECT_EQ(faultOf([&] { station.data().execute("update BETEG set NINCS=1"); }), fault::columnMissing);
+}
+
+TEST(Database, AStatementUsedTwiceAtOnceIsTwoStatements) {
+    TestWorkstation station;
+    Database& data = station.data();
+    for (int i = 0; i < 3; ++i)
+        data.execute("insert into EUSZOLG (Azonosito, MENNY) values ('x', ?1)", i);
+    const char* sql = "select MENNY from EUSZOLG order by rowid";
+    int pairs = 0;
+    Query outer = data.query(sql);
+    while (outer.next()) {
+        Query inner = data.query(sql);
+        while (inner.next())
+            ++pairs;
+    }
+    EXPECT_EQ(pairs, 9);
+}
+
+TEST(CodePage, WritesTheWorkstationsBytes) {
+    TestWorkstation station;
+    const QString path = station.path(QStringLiteral("próba.txt"));
+    CodePageFile file;
+    EXPECT_EQ(faultOf([&] { file.writeLine(u"még nincs nyitva"); }), fault::badFile);
+    file.open(path);
+    file.writeLine(u"áéíóöőúüű ÁŐŰ felelôs 12\u00a0345 \u20ac \u6f22 \U0001F600");
+    file.close();
+    EXPECT_EQ(fileBytes(path),
+              QByteArray("\xe1\xe9\xed\xf3\xf6\xf5\xfa\xfc\xfb \xc1\xd5\xdb felel\xf4s 12\xa0"
+                         "345 \x80 ? ?\r\n"));
+    EXPECT_EQ(code_page::toUnicode("\xf5\xfb\xd5\xdb"), QStringLiteral("őűŐŰ"));
+    std::string bytes;
+    EXPECT_TRUE(code_page::appendUtf8(bytes, "őABC"));
+    EXPECT_FALSE(code_page::appendUtf8(bytes, "漢"));
+    EXPECT_EQ(bytes, "\xf5"
+                     "ABC?");
+    EXPECT_EQ(faultOf([&] { file.open(station.path(QStringLiteral("nincs/ilyen.txt"))); }),
+              fault::pathNotFound);
+    EXPECT_EQ(faultOf([&] { file.open(station.directory.path()); }), fault::pathAccess);
+    CodePageFile full;
+    EXPECT_EQ(faultOf([&] {
+                  full.open(QStringLiteral("/dev/full"));
+                  full.writeLine(u"x");
+                  full.close();
+              }),
+              fault::diskFull);
+}
+
+TEST(IniFile, ReadsAndWritesAsThePrivateProfileDoes) {
+    TestWorkstation station;
+    const IniFile& ini = station.workstation.setup;
+    EXPECT_EQ(ini.value(QStringLiteral("KJELO"), QStringLiteral("Login")), QString());
+    ini.setValue(QStringLiteral("kjelo"), QStringLiteral("LOGIN"), QStringLiteral(" ő=x "));
+    EXPECT_EQ(ini.value(QStringLiteral("KJELO"), QStringLiteral("Login")), QStringLiteral("ő=x"));
+    ini.setValue(QStringLiteral("ADATLAP_DEF"), QStringLiteral("BEAV_TIP"), QStringLiteral("\"V\""));
+    EXPECT_EQ(ini.value(QStringLiteral("adatlap_def"), QStringLiteral("beav_tip")), QStringLiteral("V"));
+    ini.setValue(QStringLiteral("ZEKA"), QStringLiteral("ELERES"), QString(60, QLatin1Char('e')));
+    EXPECT_EQ(ini.value(QStringLiteral("ZEKA"), QStringLiteral("ELERES")).size(), 39);
+    ini.setValue(QStringLiteral("KJELO"), QStringLiteral("Password"), QStringLiteral("a\r\n[VENY]\r\nTOP=9"));
+    EXPECT_EQ(ini.value(QStringLiteral("VENY"), QStringLiteral("TOP")), QString());
+    ini.setSection(QStringLiteral("VENY"), {{QStringLiteral("LEFT"), QStringLiteral("3")}});
+    EXPECT_EQ(ini.value(QStringLiteral("VENY"), QStringLiteral("LEFT")), QStringLiteral("3"));
+    EXPECT_TRUE(fileBytes(ini.path()).contains("LOGIN=\x20\xf5=x") ||
+                fileBytes(ini.path()).contains("\xf5=x"));
+}
+
+TEST(TextCompare, DisregardsCaseButNotAccents) {
+    EXPECT_TRUE(startsWithText(u"Őszi Árpád", u"ő"));
+    EXPECT_FALSE(startsWithText(u"Őszi", u"o"));
+    EXPECT_TRUE(TextPattern(u"*kov*").matches(u"Dr. KOVÁCS"));
+    EXPECT_TRUE(TextPattern(u"*GYULLAD?S*").matches(u"Középfülgyulladás"));
+    EXPECT_TRUE(TextPattern(u"H#*").matches(u"h60"));
+    EXPECT_FALSE(TextPattern(u"H#*").matches(u"hx0"));
+    EXPECT_TRUE(TextPattern(u"*100%_'*").matches(u"ez 100%_' az"));
+    EXPECT_FALSE(TextPattern(u"*a*b*").matches(u"bca"));
+}
+
+TEST(Format, WritesDatesAndAmountsWhateverTheLocale) {
+    EXPECT_EQ(format::shortDate(QDate(2008, 3, 9)), QStringLiteral("2008.03.09."));
+    EXPECT_EQ(format::longDate(QDate(2008, 4, 3)), QStringLiteral("2008. április 3."));
+    EXPECT_EQ(format::thousands(0), QStringLiteral("0"));
+    EXPECT_EQ(format::thousands(12345), QStringLiteral("12\u00a0345"));
+    EXPECT_EQ(format::thousands(1234567.5), QStringLiteral("1\u00a0234\u00a0568"));
+    EXPECT_EQ(format::thousands(-2.5), QStringLiteral("-3"));
+    EXPECT_EQ(format::percent(12.5), QStringLiteral("12,50 %"));
+    EXPECT_EQ(format::percent(0.333), QStringLiteral("0,33 %"));
+    EXPECT_TRUE(format::parseDate(QStringLiteral("2008.02.29.")));
+    EXPECT_FALSE(format::parseDate(QStringLiteral("2007.02.29.")));
+    EXPECT_FALSE(format::parseDate(format::emptyDate));
+    EXPECT_FALSE(format::parseDate(QStringLiteral("2008. 2.29.")));
+    EXPECT_EQ(format::number(1.5), QStringLiteral("1,5"));
+    EXPECT_EQ(format::parseNumber(QStringLiteral("1,5")), 1.5);
+    EXPECT_FALSE(format::parseNumber(QStringLiteral("1,5,")));
+}
+
+TEST(SingleInstance, TheSecondOneLearnsOfTheFirst) {
+    const QByteArray name = "vandrel-test-" + QByteArray::number(QCoreApplication::applicationPid());
+    auto first = std::make_unique<SingleInstance>(name);
+    EXPECT_FALSE(first->otherRuns());
+    EXPECT_TRUE(SingleInstance(name).otherRuns());
+    first.reset();
+    EXPECT_FALSE(SingleInstance(name).otherRuns());
+}
+
+} // namespace vandrel::test
