@@ -91,8 +91,9 @@ CareFrame::CareFrame(SheetDesk& desk, const OpenCalendar& calendar, QWidget* par
     euSheet->setFocusPolicy(Qt::NoFocus);
     euSheet->setEnabled(false); // the EU sheet itself is not there yet
     row->addWidget(euSheet);
-    desk.rules(u"EU_LAP"_s).shown.push_back(
-        [&desk, euSheet] { euSheet->setVisible(desk.text(u"EU_LAP"_s) != "0"_L1); });
+    desk.rules(u"EU_LAP"_s).shown.push_back([&desk, euSheet] {
+        euSheet->setVisible(desk.text(u"EU_LAP"_s) != "0"_L1);
+    });
 }
 
 FeeFrame::FeeFrame(SheetDesk& desk, QWidget* parent)

@@ -1,5 +1,5 @@
-// The groups of the visit itself: unit and referral, care, fee, diagnoses, correction; with the rules that bind
-// their fields to each other.
+// The groups of the visit itself: unit and referral, care, fee, diagnoses, correction; with the rules that
+// bind their fields to each other.
 #pragma once
 
 #include "sheet/forms/form_group.h"
