@@ -22,6 +22,8 @@ class ReportProgress {
     virtual ~ReportProgress() = default;
     // The fields of the period are closed from here on; the run is at work.
     virtual void started() {}
+    // Nothing is due; called before the box says so.
+    virtual void noData() {}
     virtual void selectedSheets(qint64 /*sheets*/) {}
     // Rows of the scratch table when writing begins.
     virtual void outputRecords(qint64 /*records*/) {}
