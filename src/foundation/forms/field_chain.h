@@ -10,6 +10,7 @@
 #include <functional>
 #include <vector>
 
+class QAbstractButton;
 class QKeyEvent;
 
 namespace vandrel {
@@ -63,6 +64,9 @@ class FieldChain : public QObject {
     bool m_checking = false;
     bool m_blocked = false;
 };
+
+// For a button that stands in a chain: Enter presses it.
+FieldBehaviour pressOnEnter(QAbstractButton* button);
 
 // Focus to a field with its text selected.
 void SelectAll(QWidget* field);
