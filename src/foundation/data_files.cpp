@@ -48,6 +48,13 @@ std::string createTable(const catalogue::Table& table) {
     for (const std::string_view column : table.searched)
         sql += "create index " + sqlName(std::string(table.name) + '_' + std::string(column)) + " on " +
                sqlName(table.name) + " (" + sqlName(column) + ");\n";
+    if (!table.typedAhead.empty())
+        for (int length = 1; length <= catalogue::typedAheadLength; ++length)
+            sql += "create index " +
+                   sqlName(std::string(table.name) + '_' + std::string(table.typedAhead) +
+                           std::to_string(length)) +
+                   " on " + sqlName(table.name) + " (substr(" + sqlName(table.typedAhead) + ",1," +
+                   std::to_string(length) + ") collate nocase);\n";
     if (!table.firstRow.empty()) sql += std::string(table.firstRow) + ";\n";
     return sql;
 }
