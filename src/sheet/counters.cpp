@@ -1,6 +1,7 @@
 #include "sheet/counters.h"
 
 #include "foundation/format.h"
+#include "foundation/look_ups.h"
 #include "sheet/sheet_fields.h"
 
 #include <cmath>
@@ -54,13 +55,6 @@ void moveBehind(Workstation& station, const QString& key) {
 }
 
 } // namespace
-
-QString workstationLabel(Workstation& station) {
-    Query row =
-        station.files[DataFile::tetdata].query("select Gepazon from Gepazonosito order by rowid limit 1");
-    const QString label = row.next() ? row.text(0) : QString();
-    return label.trimmed().isEmpty() ? QString() : label;
-}
 
 QString nextRunningNumber(Workstation& station) {
     const QString key = lastKey(station);

@@ -41,7 +41,11 @@ TEST(PatientSearch, SameAsAPlainWalk) {
         unsigned state = 7;
         for (int i = 0; i < 3000; ++i) {
             state = state * 1664525u + 1013904223u;
-            tajs.push_back(QString::number(100000 + state / 4096 % 3000) + (i % 3 == 0 ? u"a"_s : u"B"_s));
+            const QString number = QString::number(100000 + state / 4096 % 3000);
+            tajs.push_back(i % 5 == 0   ? u"ő"_s + number
+                           : i % 5 == 1 ? number + u"Ő"_s + number
+                           : i % 5 == 2 ? u"Ő"_s + number
+                                        : number + u"a"_s);
             station.data().execute("insert into Paciensek (ID,TAJ) values (?1,?2)", i + 1, tajs.back());
         }
         transaction.commit();
@@ -53,8 +57,9 @@ TEST(PatientSearch, SameAsAPlainWalk) {
                 "Paciensek_TAJ2; drop index Paciensek_TAJ3; drop index Paciensek_TAJ4");
         }
         for (std::size_t i = 0; i < tajs.size(); i += 37)
-            for (int length = 1; length <= 7; ++length) {
-                const QString prefix = tajs[i].left(length).toUpper();
+            for (int length = 1; length <= 8; ++length) {
+                const QString prefix =
+                    i % 2 == 0 ? tajs[i].left(length).toUpper() : tajs[i].left(length).toLower();
                 qint64 expected = 0;
                 while (!startsWithText(tajs[static_cast<std::size_t>(expected)], prefix))
                     ++expected;

@@ -1,11 +1,13 @@
 #include "foundation/forms/field_chain.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPalette>
 #include <QPlainTextEdit>
+#include <QScopedValueRollback>
 
 namespace vandrel {
 
@@ -33,6 +35,16 @@ bool passesNumeric(const QKeyEvent& event) {
 void SelectAll(QWidget* field) {
     field->setFocus(Qt::OtherFocusReason);
     if (auto* edit = qobject_cast<QLineEdit*>(field)) edit->selectAll();
+}
+
+FieldBehaviour pressOnEnter(QAbstractButton* button) {
+    FieldBehaviour behaviour;
+    behaviour.key = [button](int key) {
+        if (key != Qt::Key_Return) return false;
+        button->click();
+        return true;
+    };
+    return behaviour;
 }
 
 void FieldChain::add(QWidget* field, const FieldBehaviour& behaviour) {
@@ -175,9 +187,12 @@ bool FieldChain::settle() {
         if (field == nullptr || m_blocked) continue;
         const Entry* entry = find(field);
         if (entry == nullptr || !entry->behaviour.leave || field->hasFocus()) continue;
-        m_checking = true;
-        const bool good = entry->behaviour.leave();
-        m_checking = false;
+        bool good = true;
+        {
+            // Also when the check raises a fault: later fields are checked all the same.
+            const QScopedValueRollback<bool> guard(m_checking, true);
+            good = entry->behaviour.leave();
+        }
         if (good || field == nullptr) continue;
         m_left.clear();
         kept = false;

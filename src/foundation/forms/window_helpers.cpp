@@ -12,8 +12,14 @@ namespace {
 constexpr double seeThroughOpacity = 150.0 / 255.0;
 }
 
-void applySeeThrough(QWidget& window, bool seeThrough) {
-    window.setWindowOpacity(seeThrough ? seeThroughOpacity : 1.0);
+bool applySeeThrough(QWidget& window, bool seeThrough) {
+    // The other platforms take the call, do nothing and complain on the console.
+    static const QStringList layered = {QStringLiteral("xcb"), QStringLiteral("windows"),
+                                        QStringLiteral("cocoa")};
+    if (seeThrough && !layered.contains(QGuiApplication::platformName())) return false;
+    if (seeThrough || window.windowOpacity() < 1.0)
+        window.setWindowOpacity(seeThrough ? seeThroughOpacity : 1.0);
+    return true;
 }
 
 void centreOnScreen(QWidget& window) {

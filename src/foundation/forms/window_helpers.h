@@ -6,8 +6,9 @@ class QWidget;
 
 namespace vandrel {
 
-// Constant opacity of the forms opened from the menu (150 of 255), or solid.
-void applySeeThrough(QWidget& window, bool seeThrough);
+// Constant opacity of the forms opened from the menu (150 of 255), or solid. False when see-through was asked
+// for and this machine's windows cannot do it; the window is solid then.
+bool applySeeThrough(QWidget& window, bool seeThrough);
 void centreOnScreen(QWidget& window);
 // Style, Hungarian locale of calendars, readable disabled fields; once at start, for the program and its
 // tests.

@@ -1,0 +1,80 @@
+#include "foundation/forms/frmAbout.h"
+
+#include "platform/machine_info.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace vandrel {
+
+frmAbout::frmAbout(Workstation& station, QWidget* opener) : WorkForm(station, opener) {
+    setObjectName(QStringLiteral("frmAbout"));
+    setWindowTitle(QStringLiteral("Névjegy"));
+
+    auto* name = new QLabel(QStringLiteral("Vandrel Járóbeteg program"));
+    QFont large = name->font();
+    large.setPointSizeF(large.pointSizeF() * 1.6);
+    large.setBold(true);
+    name->setFont(large);
+    auto* version = new QLabel(QStringLiteral("v2.25"));
+    version->setObjectName(QStringLiteral("verzio"));
+    auto* purpose = new QLabel(QStringLiteral("Járóbeteg-ellátás adatlapjai és havi jelentései"));
+
+    m_machine = new QPlainTextEdit;
+    m_machine->setObjectName(QStringLiteral("rendszerinformacio"));
+    m_machine->setAccessibleName(QStringLiteral("Rendszerinformáció"));
+    m_machine->setReadOnly(true);
+    m_machine->setTabChangesFocus(true);
+    m_machine->setMinimumSize(560, 230);
+    m_machine->hide();
+
+    auto* info = new QPushButton(QStringLiteral("&Rendszerinformáció"));
+    info->setObjectName(QStringLiteral("cmdSysInfo"));
+    info->setAccessibleName(QStringLiteral("Rendszerinformáció"));
+    auto* good = new QPushButton(QStringLiteral("Rendben"));
+    good->setObjectName(QStringLiteral("cmdOK"));
+    good->setAccessibleName(good->text());
+    connect(info, &QPushButton::clicked, this, &frmAbout::showMachine);
+    connect(good, &QPushButton::clicked, this, &frmAbout::close);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(24, 20, 24, 16);
+    column->setSpacing(10);
+    column->addWidget(name);
+    column->addWidget(version);
+    column->addWidget(purpose);
+    column->addWidget(m_machine);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(info);
+    buttons->addStretch();
+    buttons->addWidget(good);
+    column->addSpacing(8);
+    column->addLayout(buttons);
+    setMinimumWidth(460);
+    good->setFocus();
+}
+
+void frmAbout::showMachine() {
+    QStringList lines;
+    for (const auto& [name, value] : machineInfo(station().folder))
+        lines << name + QStringLiteral(": ") + value;
+    m_machine->setPlainText(lines.join(QLatin1Char('\n')));
+    m_machine->show();
+    adjustSize();
+}
+
+void frmAbout::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+             qobject_cast<QPushButton*>(focusWidget()) != nullptr)
+        static_cast<QPushButton*>(focusWidget())->click();
+    else
+        WorkForm::keyPressEvent(event);
+}
+
+} // namespace vandrel

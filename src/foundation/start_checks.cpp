@@ -1,0 +1,110 @@
+#include "foundation/start_checks.h"
+
+#include <array>
+#include <optional>
+
+namespace vandrel {
+
+namespace {
+
+constexpr std::array neededFiles = {DataFile::tetdata, DataFile::tetmod, DataFile::beav, DataFile::diagnos,
+                                    DataFile::tetseged};
+
+// Whether the log of checks has the field TAJ; nullopt when the table cannot be opened.
+std::optional<bool> logHasTaj(Workstation& station) {
+    try {
+        Query fields =
+            station.files[DataFile::TAJKapu].query("select name from pragma_table_info('Tranzakciok')");
+        bool tableThere = false;
+        while (fields.next()) {
+            tableThere = true;
+            if (fields.text(0).compare(QLatin1String("TAJ"), Qt::CaseInsensitive) == 0) return true;
+        }
+        return tableThere ? std::optional(false) : std::nullopt;
+    } catch (const Fault&) {
+        return std::nullopt; // errors while opening are no matter of the format check
+    }
+}
+
+bool hasRecord(Database& database, std::string_view sql) {
+    return database.query(sql).next();
+}
+
+} // namespace
+
+bool examineDataFiles(Workstation& station) {
+    bool canRun = true;
+    for (const DataFile file : neededFiles) {
+        const QString wrong = station.files.examine(file);
+        if (wrong.isEmpty()) continue;
+        station.dialogue.tell(wrong, QStringLiteral("Hiba"));
+        canRun = false;
+    }
+    if (!canRun) return false;
+    // The older layout is the format check's matter: it has a message of its own.
+    const QString wrong = station.files.examine(DataFile::TAJKapu);
+    if (!wrong.isEmpty() && logHasTaj(station) != std::optional(false))
+        station.dialogue.tell(wrong, QStringLiteral("Hiba"));
+    return true;
+}
+
+bool VerzioEllenorzesek(Workstation& station) {
+    if (logHasTaj(station) != std::optional(false)) return true;
+    station.dialogue.tell(
+        QStringLiteral("Az Ön adatbázis formátuma a 2.21-es verziónak nem felel meg, ezért konvertálásra van "
+                       "szükség, mely kevesebb, mint 1 perc alatt lezajlik.\n"
+                       "A konvertálás megkezdéséhez a Szerviz tevékenységek->Konvertálás->Vandrel 2.21-re "
+                       "menüpontot kell elindítani!"),
+        programTitle, Icon::warning);
+    return false;
+}
+
+void readAttunes(Workstation& station) {
+    try {
+        Query first = station.files[DataFile::tetdata].query("select Attunes from EGYEBPAR order by rowid");
+        station.Attunes = !first.next() || first.isNull(0) || first.integer(0) != 0;
+    } catch (const Fault&) {
+        // How the windows look is no reason to keep anybody from the work.
+    }
+}
+
+void clearAttunes(Workstation& station) {
+    try {
+        station.files[DataFile::tetdata].execute(
+            "update EGYEBPAR set Attunes = 0 where rowid = (select min(rowid) from EGYEBPAR)");
+    } catch (const Fault&) {
+        // As above; the next activation tries again.
+    }
+}
+
+InstitutionAnswer checkInstitution(Workstation& station, QStringList& warnings) {
+    if (hasRecord(station.files[DataFile::tetdata], "select 1 from intezet"))
+        return InstitutionAnswer::filled;
+    if (station.dialogue.ask(
+            QStringLiteral("Az intézeti adatok nincsenek kitöltve!Kívánja most kitölteni?"))) {
+        warnings << QStringLiteral("Az intézeti adatok nincsenek kitöltve!");
+        return InstitutionAnswer::fillNow;
+    }
+    warnings << QStringLiteral(
+        "Az intézeti adatok nincsenek kitöltve! Kitöltés: Szerviz tevékenységek->Intézmény");
+    return InstitutionAnswer::fillLater;
+}
+
+void checkFirstStart(Workstation& station, QStringList& warnings) {
+    Database& data = station.files[DataFile::tetdata];
+    {
+        Query flag = data.query("select Elso_inditas from Beallitasok order by rowid");
+        if (!flag.next() || flag.integer(0) == 0) return;
+    }
+    Database& dictionaries = station.files[DataFile::tetmod];
+    if (!hasRecord(dictionaries, "select 1 from Orvosok"))
+        warnings << QStringLiteral("Orvoskódok nincsenek kitöltve! Kitöltés: Szerviz "
+                                   "tevékenységek->Adatbázisok karbantartása->Orvoskódok");
+    if (!hasRecord(dictionaries, "select 1 from Szakrend"))
+        warnings << QStringLiteral("Szakrendelő kódok nincsenek kitöltve! Kitöltés: Szerviz "
+                                   "tevékenységek->Adatbázisok karbantartása->Szakrendelő kódszótár");
+    data.execute(
+        "update Beallitasok set Elso_inditas = 0 where rowid = (select min(rowid) from Beallitasok)");
+}
+
+} // namespace vandrel
