@@ -364,7 +364,7 @@ constexpr std::string_view diagnosTableSearched[] = {"D_KOD"};
 constexpr std::string_view tranzakciokSearched[] = {"Kod"};
 
 constexpr Table tetdataTables[] = {
-    {"Paciensek", paciensek, paciensekSearched},
+    {"Paciensek", paciensek, paciensekSearched, {}, "TAJ"},
     {"BETEG", beteg, betegSearched},
     {"EUSZOLG", euszolg, euszolgSearched},
     {"EU_ADATL", euAdatl, euAdatlSearched},

@@ -40,7 +40,13 @@ struct Table {
     std::span<const std::string_view> searched = {};
     // Statement that writes the first row of a one-row table; empty when a new table starts empty.
     std::string_view firstRow = {};
+    // A column that is searched while it is being typed. An index over each of its first few characters finds
+    // the first row in the table's order at once, however many rows share the beginning.
+    std::string_view typedAhead = {};
 };
+
+// How many first characters have an index of their own; behind them a beginning fits few enough rows.
+inline constexpr int typedAheadLength = 4;
 
 struct View {
     std::string_view name;

@@ -7,8 +7,7 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
-#include <optional>
+#include <memory>
 #include <vector>
 
 namespace vandrel {
@@ -82,12 +81,14 @@ struct FieldVerdict {
 
 // Group A runs only while Alt_eng is on, group B only while it is off; name is the field's name
 // ("Terites", "Baleset", "Diag1", "BEAV" for the procedure code, "BeavJelleg" ...). A field without a check
-// in the running group is good. newSheet is false in mode "Javítás".
+// in the running group is good. newSheet is false in mode "Javítás". Codes compare without regard to case; a
+// code that is found takes the spelling of its list or dictionary, since the reports carry it as it stands.
+// Faults: those of the dictionaries' data files.
 FieldVerdict checkField(Workstation& station, const QString& name, const QString& value, bool altEng,
                         bool newSheet);
 
 // Birth date and date of referral: a date of the calendar from 1860 on. Date of care and exemption expiry: a
-// date of the calendar. The empty mask passes where the field may stay empty. Gives the message (title
+// date of the calendar. The empty mask passes for the referral and the expiry only. Gives the message (title
 // "Hiba!") or empty.
 enum class DateField { birth, referral, care, exemptionExpiry };
 QString checkDateField(DateField field, const QString& value);

@@ -48,21 +48,36 @@ std::string createTable(const catalogue::Table& table) {
     for (const std::string_view column : table.searched)
         sql += "create index " + sqlName(std::string(table.name) + '_' + std::string(column)) + " on " +
                sqlName(table.name) + " (" + sqlName(column) + ");\n";
+    if (!table.typedAhead.empty())
+        for (int length = 1; length <= catalogue::typedAheadLength; ++length)
+            sql += "create index " +
+                   sqlName(std::string(table.name) + '_' + std::string(table.typedAhead) +
+                           std::to_string(length)) +
+                   " on " + sqlName(table.name) + " (substr(" + sqlName(table.typedAhead) + ",1," +
+                   std::to_string(length) + ") collate nocase);\n";
     if (!table.firstRow.empty()) sql += std::string(table.firstRow) + ";\n";
     return sql;
 }
 
-constexpr std::pair<const char*, const char*> setupKeys[] = {
+struct SetupKey {
+    const char* section;
+    const char* key;
+    const char* value = "";
+};
+
+// A line that was added takes its next character from BEAV_TIP: without a value there the clerk would have to
+// type it on every line.
+constexpr SetupKey setupKeys[] = {
     {"VENY", "TOP"},
     {"VENY", "LEFT"},
-    {"ADATLAP_DEF", "BEAV_TIP"},
-    {"ADATLAP_DEF", "FT_EL"},
-    {"ELSZNYILNYOM", "MERET"},
+    {"ADATLAP_DEF", "BEAV_TIP", "A"},
+    {"ADATLAP_DEF", "FT_EL", "0"},
+    {"ELSZNYILNYOM", "MERET", "A4"},
     {"FRISSITES", "URL"},
-    {"FRISSITES", "PROXY_ENG"},
+    {"FRISSITES", "PROXY_ENG", "0"},
     {"FRISSITES", "PROXY_NEV"},
     {"FRISSITES", "PROXY_PORT"},
-    {"ZEKA", "SZINK"},
+    {"ZEKA", "SZINK", "0"},
     {"ZEKA", "ELERES"},
     {"ZEKA", "DEF_SZOLG"},
     {"KJELO", "Login"},
@@ -152,8 +167,8 @@ QStringList createProgramFolder(const QString& folder) {
     const QString setup = QDir(folder).filePath(QStringLiteral("setup.ini"));
     if (!QFileInfo::exists(setup)) {
         const IniFile ini(setup);
-        for (const auto& [section, key] : setupKeys)
-            ini.setValue(QLatin1String(section), QLatin1String(key), {});
+        for (const auto& [section, key, value] : setupKeys)
+            ini.setValue(QLatin1String(section), QLatin1String(key), QLatin1String(value));
         made << QStringLiteral("setup.ini");
     }
     return made;

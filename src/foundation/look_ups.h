@@ -16,6 +16,11 @@ struct ProcedureEntry {
 
 // Name and point value of a procedure code.
 ProcedureEntry Visszaad_beav(Workstation& station, const QString& code);
+// The code as BEAV, DIAGNOS, SZAKREND or ORVOSOK spells it; nullopt when it is not there or empty.
+std::optional<QString> procedureCode(Workstation& station, const QString& code);
+std::optional<QString> diagnosisCode(Workstation& station, const QString& code);
+std::optional<QString> unitCode(Workstation& station, const QString& code);
+std::optional<QString> doctorCode(Workstation& station, const QString& code);
 // True when BEAV has the code.
 bool procedureExists(Workstation& station, const QString& code);
 // Name of a diagnosis; nullopt when DIAGNOS does not have the code.
@@ -36,7 +41,11 @@ QString townOf(Workstation& station, const QString& postalCode);
 // Short fee category text for prints; leaves text unchanged for a code it does not know (0E, 0K, 0M and 0S
 // have no text here, and that is wanted).
 void feeCategoryText(const QString& code, QString& text);
-// Week of a date, as the sick-pay week fields count it.
-int weekOf(QDate date);
+// Week of a date, as the sick-pay week fields count it: the week that holds the first of January of today's
+// year is week 1, weeks begin on Monday. A date of another year gives a number outside 1..53 (0 and less
+// for earlier years), and that is wanted.
+int weekOf(QDate date, QDate today);
+// The label that begins every sheet key given on this workstation; empty when there is none.
+QString workstationLabel(Workstation& station);
 
 } // namespace vandrel

@@ -9,7 +9,7 @@ namespace vandrel {
 namespace {
 
 struct Check {
-    QString Institution::*field;
+    QString InstitutionFields::*field;
     const char* name;
     int length;         // fewer characters than this are wrong
     const char* status; // text of the status line
@@ -17,20 +17,20 @@ struct Check {
 };
 
 constexpr Check checks[] = {
-    {&Institution::Int_nev, "Int_nev", 1, " Hiba: Az intézet neve mező üresen maradt!", nullptr},
-    {&Institution::Gyogyi_kod, "Gyogyi_kod", 1, " Hiba: Az intézet GYÓGYINFOK kódja mező üresen maradt!",
-     nullptr},
-    {&Institution::Orv_kod, "Orv_kod", 1, " Hiba: Az ellátó orvos kódja mező üresen maradt!", nullptr},
-    {&Institution::Szakrend_kod, "Szakrend_kod", 1, " Hiba: A szakrendelő kódja mező üresen maradt!",
+    {&InstitutionFields::Int_nev, "Int_nev", 1, " Hiba: Az intézet neve mező üresen maradt!", nullptr},
+    {&InstitutionFields::Gyogyi_kod, "Gyogyi_kod", 1,
+     " Hiba: Az intézet GYÓGYINFOK kódja mező üresen maradt!", nullptr},
+    {&InstitutionFields::Orv_kod, "Orv_kod", 1, " Hiba: Az ellátó orvos kódja mező üresen maradt!", nullptr},
+    {&InstitutionFields::Szakrend_kod, "Szakrend_kod", 1, " Hiba: A szakrendelő kódja mező üresen maradt!",
      nullptr},
     // The town is called the institution's name here; the text is kept on purpose.
-    {&Institution::City, "City", 1, " Hiba :Az intézet neve mező üresen maradt!", nullptr},
-    {&Institution::NBK_KOD, "NBK_KOD", 1, " Hiba: Az intézet NBK kódja mező üresen maradt!", nullptr},
+    {&InstitutionFields::City, "City", 1, " Hiba :Az intézet neve mező üresen maradt!", nullptr},
+    {&InstitutionFields::NBK_KOD, "NBK_KOD", 1, " Hiba: Az intézet NBK kódja mező üresen maradt!", nullptr},
     // A short GYÓGYINFOK code stops the save without a word, and that is wanted.
-    {&Institution::Gyogyi_kod, "Gyogyi_kod", 4, nullptr, nullptr},
-    {&Institution::Orv_kod, "Orv_kod", 5, nullptr, "Hiba: az ellátó orvos kódja 5 jegyű!"},
-    {&Institution::Szakrend_kod, "Szakrend_kod", 9, nullptr, "Hiba: a szakrendelő kódja 9 jegyű!"},
-    {&Institution::NBK_KOD, "NBK_KOD", 4, nullptr, "Hiba: az intézet NBK kódja 4 jegyű!"},
+    {&InstitutionFields::Gyogyi_kod, "Gyogyi_kod", 4, nullptr, nullptr},
+    {&InstitutionFields::Orv_kod, "Orv_kod", 5, nullptr, "Hiba: az ellátó orvos kódja 5 jegyű!"},
+    {&InstitutionFields::Szakrend_kod, "Szakrend_kod", 9, nullptr, "Hiba: a szakrendelő kódja 9 jegyű!"},
+    {&InstitutionFields::NBK_KOD, "NBK_KOD", 4, nullptr, "Hiba: az intézet NBK kódja 4 jegyű!"},
 };
 
 QString masked(const QString& stored, const QString& emptyMask) {
@@ -49,8 +49,8 @@ bool keepsInSetup(const QString& value) {
 
 } // namespace
 
-Institution loadInstitution(Workstation& station) {
-    Institution result;
+InstitutionFields loadInstitution(Workstation& station) {
+    InstitutionFields result;
     {
         Query row =
             station.files[DataFile::tetdata].query("select Int_nev, Gyogyi_kod, Orv_kod, Szakrend_kod, irsz, "
@@ -76,14 +76,7 @@ Institution loadInstitution(Workstation& station) {
     return result;
 }
 
-QString townOfPostalCode(Workstation& station, const QString& typed) {
-    if (typed.isEmpty()) return {};
-    Query town = station.files[DataFile::tetmod].query(
-        "select NEV from IRSZ where substr(IRSZ, 1, length(?1)) = ?1 order by rowid limit 1", typed);
-    return town.next() ? town.text(0) : QString();
-}
-
-InstitutionFault checkInstitutionFields(const Institution& fields) {
+InstitutionFault checkInstitutionFields(const InstitutionFields& fields) {
     for (const Check& check : checks)
         if ((fields.*check.field).trimmed().size() < check.length)
             return {QLatin1String(check.name), QString::fromUtf8(check.status), QString::fromUtf8(check.box)};
@@ -97,7 +90,7 @@ InstitutionFault checkInstitutionFields(const Institution& fields) {
     return {};
 }
 
-void storeInstitution(Workstation& station, const Institution& fields) {
+void storeInstitution(Workstation& station, const InstitutionFields& fields) {
     Database& data = station.files[DataFile::tetdata];
     Transaction transaction(data);
     if (!data.query("select 1 from intezet").next())
@@ -113,14 +106,9 @@ void storeInstitution(Workstation& station, const Institution& fields) {
     transaction.commit();
 }
 
-void storeLogin(Workstation& station, const Institution& fields) {
+void storeLogin(Workstation& station, const InstitutionFields& fields) {
     station.setup.setValue(QStringLiteral("KJELO"), QStringLiteral("Login"), fields.Login);
     station.setup.setValue(QStringLiteral("KJELO"), QStringLiteral("Password"), fields.Password);
-}
-
-QString workstationLabel(Workstation& station) {
-    Query row = station.files[DataFile::tetdata].query("select Gepazon from Gepazonosito order by rowid");
-    return row.next() ? row.text(0).trimmed() : QString();
 }
 
 bool storeWorkstationLabel(Workstation& station, const QString& label) {

@@ -9,7 +9,7 @@
 namespace vandrel {
 
 // As the texts stand on the form; account and tax number are the masks' texts.
-struct Institution {
+struct InstitutionFields {
     QString Int_nev, Gyogyi_kod, Orv_kod, Szakrend_kod, irsz, City, cim, Bankszamla, Adoig_szam, NBK_KOD;
     QString Login, Password; // from setup.ini, at most 39 characters
 };
@@ -19,10 +19,7 @@ inline const QString emptyTaxNumber = QStringLiteral("        - -  ");
 inline constexpr int loginLength = 39; // what a read buffer of 40 characters holds
 
 // Null texts are empty. Account and tax number are the empty masks when they are empty, Null or "0".
-Institution loadInstitution(Workstation& station);
-
-// First town whose postal code starts with the text; empty when the text is empty or no code starts so.
-QString townOfPostalCode(Workstation& station, const QString& typed);
+InstitutionFields loadInstitution(Workstation& station);
 
 // What a check found: a text for the status line, or a box with its title; both empty when the save stops
 // without a word.
@@ -32,16 +29,14 @@ struct InstitutionFault {
     QString box;
 };
 // The checks in their order; every one tests the trimmed text.
-InstitutionFault checkInstitutionFields(const Institution& fields);
+InstitutionFault checkInstitutionFields(const InstitutionFields& fields);
 
 // Edits the row or adds it. Plain texts are stored trimmed, an empty street as one blank. Faults of the data
 // file pass through with nothing written.
-void storeInstitution(Workstation& station, const Institution& fields);
+void storeInstitution(Workstation& station, const InstitutionFields& fields);
 // Writes Login and Password; faults of the file pass through.
-void storeLogin(Workstation& station, const Institution& fields);
+void storeLogin(Workstation& station, const InstitutionFields& fields);
 
-// The workstation's label; empty when there is none.
-QString workstationLabel(Workstation& station);
 // Edits the row or adds it. False, with the message shown and nothing written, for an empty label. Keys that
 // were given stay as they are.
 bool storeWorkstationLabel(Workstation& station, const QString& label);

@@ -14,16 +14,18 @@ struct Patient {
 };
 
 // First patient in the table's order whose TAJ begins with the text; nullopt when none does or the text is
-// empty. KgyLe is the empty mask when Null or "____.__.__."; type and sex are first characters; Null texts
-// are empty.
+// blank. KgyLe is the empty mask when Null, blank or "____.__.__.", the birth date when Null or blank; type
+// and sex are first characters; Null texts are empty.
 std::optional<Patient> findPatientByPrefix(Workstation& station, const QString& typed);
 
-// The patient with exactly this TAJ (trimmed): its ID, or nullopt.
+// ID of the first patient with exactly this TAJ (trimmed; 0 for a Null ID), or nullopt.
 std::optional<qint64> findPatientId(Workstation& station, const QString& taj);
 
-// Writes the register for a store, inside the caller's transaction: a new row under the next number, or each
-// changed field of the found row as an update of its own. Gives the patient id.
+// What a store writes, inside the caller's transaction. The TAJ goes in without surrounding blanks, as it is
+// searched.
+// A new row under the next number; gives that number. Fault noCurrentRecord when Utolsok is empty.
 qint64 addPatient(Workstation& station, const SheetFields& fields);
-void updatePatient(Workstation& station, qint64 id, const SheetFields& fields);
+// Each field of the TAJ's row that is Null or differs (blanks around it apart) is an update of its own.
+void updatePatient(Workstation& station, const SheetFields& fields);
 
 } // namespace vandrel

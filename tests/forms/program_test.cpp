@@ -56,6 +56,19 @@ TEST(Program, DoesNotStartWithoutItsData) {
     EXPECT_FALSE(program.mainWindow().isVisible());
 }
 
+TEST(Program, CountersBehindAStoredSheetAreMendedAtTheStartButNotBesideAnotherInstance) {
+    for (const bool otherRuns : {true, false}) {
+        TestWorkstation test;
+        test.data().executeScript(
+            "update Gepazonosito set Gepazon='R01'; update AZONOSIT set END_AZON='R010000007';"
+            "insert into BETEG (AZONOSITO, SZAKREND, NAPLO) values ('R010000008', 'U', '5')");
+        Program program(test.workstation, [otherRuns] { return otherRuns; });
+        EXPECT_TRUE(program.start());
+        EXPECT_EQ(firstText(test.data(), "select END_AZON from AZONOSIT"),
+                  otherRuns ? QStringLiteral("R010000007") : QStringLiteral("R010000008"));
+    }
+}
+
 TEST(Program, UnhandledFaultsAreShownAndOthersAreNot) {
     ExpectedDialogue dialogue;
     dialogue.expect(QStringLiteral("A lemez megtelt: x"), QStringLiteral("Hiba"));

@@ -1,14 +1,17 @@
 // The institution's checks in their order, its store, its login in setup.ini, and the workstation's label.
 #include "settings/institution.h"
 
+#include "foundation/look_ups.h"
+
+#include "foundation/look_ups.h"
 #include "support/test_workstation.h"
 
 namespace vandrel::test {
 
 namespace {
 
-Institution good() {
-    Institution result;
+InstitutionFields good() {
+    InstitutionFields result;
     result.Int_nev = QStringLiteral("Dr. O'Hara rendelője");
     result.Gyogyi_kod = QStringLiteral("1234");
     result.Orv_kod = QStringLiteral("54321");
@@ -26,9 +29,9 @@ Institution good() {
 
 } // namespace
 
-TEST(Institution, ChecksInOrder) {
+TEST(InstitutionFields, ChecksInOrder) {
     struct Step {
-        QString Institution::*member;
+        QString InstitutionFields::*member;
         const char* value;
         const char* field;
         const char* status;
@@ -36,20 +39,21 @@ TEST(Institution, ChecksInOrder) {
     };
     // From the last check to the first: each fault hides those behind it.
     const Step steps[] = {
-        {&Institution::NBK_KOD, "123 ", "NBK_KOD", "", "Hiba: az intézet NBK kódja 4 jegyű!"},
-        {&Institution::Szakrend_kod, "12345678", "Szakrend_kod", "", "Hiba: a szakrendelő kódja 9 jegyű!"},
-        {&Institution::Orv_kod, "1234", "Orv_kod", "", "Hiba: az ellátó orvos kódja 5 jegyű!"},
-        {&Institution::Gyogyi_kod, "123", "Gyogyi_kod", "", ""},
-        {&Institution::NBK_KOD, " ", "NBK_KOD", " Hiba: Az intézet NBK kódja mező üresen maradt!", ""},
-        {&Institution::City, "", "City", " Hiba :Az intézet neve mező üresen maradt!", ""},
-        {&Institution::Szakrend_kod, "", "Szakrend_kod", " Hiba: A szakrendelő kódja mező üresen maradt!",
-         ""},
-        {&Institution::Orv_kod, "", "Orv_kod", " Hiba: Az ellátó orvos kódja mező üresen maradt!", ""},
-        {&Institution::Gyogyi_kod, "  ", "Gyogyi_kod",
+        {&InstitutionFields::NBK_KOD, "123 ", "NBK_KOD", "", "Hiba: az intézet NBK kódja 4 jegyű!"},
+        {&InstitutionFields::Szakrend_kod, "12345678", "Szakrend_kod", "",
+         "Hiba: a szakrendelő kódja 9 jegyű!"},
+        {&InstitutionFields::Orv_kod, "1234", "Orv_kod", "", "Hiba: az ellátó orvos kódja 5 jegyű!"},
+        {&InstitutionFields::Gyogyi_kod, "123", "Gyogyi_kod", "", ""},
+        {&InstitutionFields::NBK_KOD, " ", "NBK_KOD", " Hiba: Az intézet NBK kódja mező üresen maradt!", ""},
+        {&InstitutionFields::City, "", "City", " Hiba :Az intézet neve mező üresen maradt!", ""},
+        {&InstitutionFields::Szakrend_kod, "", "Szakrend_kod",
+         " Hiba: A szakrendelő kódja mező üresen maradt!", ""},
+        {&InstitutionFields::Orv_kod, "", "Orv_kod", " Hiba: Az ellátó orvos kódja mező üresen maradt!", ""},
+        {&InstitutionFields::Gyogyi_kod, "  ", "Gyogyi_kod",
          " Hiba: Az intézet GYÓGYINFOK kódja mező üresen maradt!", ""},
-        {&Institution::Int_nev, "   ", "Int_nev", " Hiba: Az intézet neve mező üresen maradt!", ""},
+        {&InstitutionFields::Int_nev, "   ", "Int_nev", " Hiba: Az intézet neve mező üresen maradt!", ""},
     };
-    Institution fields = good();
+    InstitutionFields fields = good();
     EXPECT_EQ(checkInstitutionFields(fields).field, QString());
     for (const Step& step : steps) {
         SCOPED_TRACE(step.field);
@@ -61,7 +65,7 @@ TEST(Institution, ChecksInOrder) {
     }
 }
 
-TEST(Institution, LoginThatSetupIniWouldChangeIsRefused) {
+TEST(InstitutionFields, LoginThatSetupIniWouldChangeIsRefused) {
     const QString longest(39, QLatin1Char('a'));
     struct Case {
         QString login;
@@ -78,7 +82,7 @@ TEST(Institution, LoginThatSetupIniWouldChangeIsRefused) {
     for (const Case& entry : cases) {
         SCOPED_TRACE(entry.login.toStdString());
         TestWorkstation test;
-        Institution fields = good();
+        InstitutionFields fields = good();
         fields.Login = entry.login;
         EXPECT_EQ(checkInstitutionFields(fields).field, entry.kept ? QString() : QStringLiteral("Login"));
         if (!entry.kept) continue;
@@ -88,22 +92,22 @@ TEST(Institution, LoginThatSetupIniWouldChangeIsRefused) {
     }
 }
 
-TEST(Institution, EmptyTableGivesEmptyFieldsAndMasks) {
+TEST(InstitutionFields, EmptyTableGivesEmptyFieldsAndMasks) {
     TestWorkstation test;
-    const Institution empty = loadInstitution(test.workstation);
+    const InstitutionFields empty = loadInstitution(test.workstation);
     EXPECT_EQ(empty.Int_nev, QString());
     EXPECT_EQ(empty.Bankszamla, QStringLiteral("        -        -        "));
     EXPECT_EQ(empty.Adoig_szam, QStringLiteral("        - -  "));
     test.data().execute("insert into intezet (Int_nev, Bankszamla, Adoig_szam) values ('x', '0', ' 0')");
-    const Institution zeros = loadInstitution(test.workstation);
+    const InstitutionFields zeros = loadInstitution(test.workstation);
     EXPECT_EQ(zeros.Int_nev, QStringLiteral("x"));
     EXPECT_EQ(zeros.Bankszamla, emptyAccount);
     EXPECT_EQ(zeros.Adoig_szam, emptyTaxNumber);
 }
 
-TEST(Institution, StoreAddsOneRowAndEditsIt) {
+TEST(InstitutionFields, StoreAddsOneRowAndEditsIt) {
     TestWorkstation test;
-    Institution fields = good();
+    InstitutionFields fields = good();
     storeInstitution(test.workstation, fields);
     fields.Int_nev = QStringLiteral("'; drop table intezet; --");
     fields.cim = QString();
@@ -116,12 +120,12 @@ TEST(Institution, StoreAddsOneRowAndEditsIt) {
                   "||'|'||cim||'|'||Bankszamla||'|'||Adoig_szam||'|'||NBK_KOD from intezet"),
         QStringLiteral("'; drop table intezet; --|1234|54321|123456789|1011|Budapest| "
                        "|11111111-22222222-33333333|        - -  |N123"));
-    const Institution loaded = loadInstitution(test.workstation);
+    const InstitutionFields loaded = loadInstitution(test.workstation);
     EXPECT_EQ(loaded.Int_nev, fields.Int_nev);
     EXPECT_EQ(loaded.cim, QString());
 }
 
-TEST(Institution, TownOfPostalCodePrefix) {
+TEST(InstitutionFields, TownOfPostalCodePrefix) {
     TestWorkstation test;
     test.dictionaries().executeScript("insert into IRSZ (IRSZ, NEV) values ('1011', 'Budapest I.'), ('9700', "
                                       "'Szombathely'), ('9701', 'Másik'), ('97', 'Rövid')");
@@ -129,8 +133,7 @@ TEST(Institution, TownOfPostalCodePrefix) {
         {"", ""},  {"1", "Budapest I."}, {"97", "Szombathely"}, {"9701", "Másik"}, {"97011", ""},
         {"%", ""}, {"' or 1=1 --", ""}};
     for (const auto& [typed, town] : cases)
-        EXPECT_EQ(townOfPostalCode(test.workstation, QString::fromUtf8(typed)), QString::fromUtf8(town))
-            << typed;
+        EXPECT_EQ(townByPrefix(test.workstation, QString::fromUtf8(typed)), QString::fromUtf8(town)) << typed;
 }
 
 TEST(WorkstationLabel, EmptyIsRefusedAndTheRowIsAddedOrEdited) {

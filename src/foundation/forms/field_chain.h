@@ -17,11 +17,11 @@ namespace vandrel {
 
 // What a field does beyond standing in the chain. Functions may be empty.
 struct FieldBehaviour {
-    bool numeric = false;        // only digits, comma and Backspace pass
-    std::function<void()> help;  // F1
-    std::function<bool()> leave; // after the focus left; false gives the focus back to the field
-    std::function<bool(int key)>
-        key; // sees Enter (as Key_Return), Up, Down, Esc and F-keys first; true: handled
+    bool numeric = false;             // only digits, comma and Backspace pass
+    std::function<void()> help = {};  // F1
+    std::function<bool()> leave = {}; // after the focus left; false gives the focus back to the field
+    // Sees Enter (as Key_Return), arrows, Esc and F-keys first; true: handled.
+    std::function<bool(int)> key = {};
 };
 
 class FieldChain : public QObject {

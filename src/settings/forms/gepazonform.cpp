@@ -1,6 +1,7 @@
 #include "settings/forms/gepazonform.h"
 
 #include "foundation/forms/field_chain.h"
+#include "foundation/look_ups.h"
 #include "settings/institution.h"
 
 #include <QHBoxLayout>

@@ -2,6 +2,7 @@
 
 #include "foundation/forms/field_chain.h"
 #include "foundation/forms/masked_field.h"
+#include "foundation/look_ups.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -64,7 +65,7 @@ intad::intad(Workstation& station, QWidget* opener)
     SelectAll(m_fields.front().edit);
 }
 
-QLineEdit* intad::addField(QLineEdit* edit, QString Institution::*member, const QString& name,
+QLineEdit* intad::addField(QLineEdit* edit, QString InstitutionFields::*member, const QString& name,
                            const QString& label, int characters) {
     edit->setObjectName(name);
     edit->setAccessibleName(label);
@@ -82,28 +83,28 @@ QWidget* intad::buildIdentity() {
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     form->setHorizontalSpacing(12);
     const auto row = [&](const QString& label, QLineEdit* edit) { form->addRow(label, edit); };
-    const auto plain = [&](QString Institution::*member, const QString& name, const QString& label,
+    const auto plain = [&](QString InstitutionFields::*member, const QString& name, const QString& label,
                            int characters) {
         return addField(new QLineEdit, member, name, label, characters);
     };
     const QString nameLabel = QStringLiteral("Az intézet neve");
-    row(nameLabel, plain(&Institution::Int_nev, QStringLiteral("Int_nev"), nameLabel, nameWidth));
+    row(nameLabel, plain(&InstitutionFields::Int_nev, QStringLiteral("Int_nev"), nameLabel, nameWidth));
     const QString codeLabel = QStringLiteral("Az intézet gyógyinfok kódja");
-    row(codeLabel, plain(&Institution::Gyogyi_kod, QStringLiteral("Gyogyi_kod"), codeLabel, 9));
+    row(codeLabel, plain(&InstitutionFields::Gyogyi_kod, QStringLiteral("Gyogyi_kod"), codeLabel, 9));
     const QString doctorLabel = QStringLiteral("Az ellátó orvos kódja");
-    row(doctorLabel, plain(&Institution::Orv_kod, QStringLiteral("Orv_kod"), doctorLabel, 9));
+    row(doctorLabel, plain(&InstitutionFields::Orv_kod, QStringLiteral("Orv_kod"), doctorLabel, 9));
     const QString unitLabel = QStringLiteral("A szakrendelő kódja");
-    row(unitLabel, plain(&Institution::Szakrend_kod, QStringLiteral("Szakrend_kod"), unitLabel, 9));
+    row(unitLabel, plain(&InstitutionFields::Szakrend_kod, QStringLiteral("Szakrend_kod"), unitLabel, 9));
 
     // Code, town and street stand beside one label, as an address is read.
     const QString addressLabel = QStringLiteral("Az intézet címe");
     auto* address = new QHBoxLayout;
     address->setSpacing(6);
-    QLineEdit* code = plain(&Institution::irsz, QStringLiteral("irsz"),
+    QLineEdit* code = plain(&InstitutionFields::irsz, QStringLiteral("irsz"),
                             addressLabel + QStringLiteral(" - irányítószám"), 6);
-    QLineEdit* town =
-        plain(&Institution::City, QStringLiteral("City"), addressLabel + QStringLiteral(" - város"), 22);
-    QLineEdit* street = plain(&Institution::cim, QStringLiteral("cim"),
+    QLineEdit* town = plain(&InstitutionFields::City, QStringLiteral("City"),
+                            addressLabel + QStringLiteral(" - város"), 22);
+    QLineEdit* street = plain(&InstitutionFields::cim, QStringLiteral("cim"),
                               addressLabel + QStringLiteral(" - utca, házszám"), nameWidth);
     street->setMinimumWidth(street->fontMetrics().averageCharWidth() * 26);
     code->setPlaceholderText(QStringLiteral("irsz."));
@@ -114,16 +115,16 @@ QWidget* intad::buildIdentity() {
     address->addWidget(street, 1);
     form->addRow(addressLabel, address);
     connect(code, &QLineEdit::textEdited, this,
-            [this, town](const QString& typed) { town->setText(townOfPostalCode(station(), typed)); });
+            [this, town](const QString& typed) { town->setText(townByPrefix(station(), typed)); });
 
     const QString accountLabel = QStringLiteral("Bankszámlaszám");
-    row(accountLabel, addField(new MaskedField(MaskedField::Mask::account), &Institution::Bankszamla,
+    row(accountLabel, addField(new MaskedField(MaskedField::Mask::account), &InstitutionFields::Bankszamla,
                                QStringLiteral("Bankszamla"), accountLabel, 30));
     const QString taxLabel = QStringLiteral("Adóigazgatási azon. szám");
-    row(taxLabel, addField(new MaskedField(MaskedField::Mask::taxNumber), &Institution::Adoig_szam,
+    row(taxLabel, addField(new MaskedField(MaskedField::Mask::taxNumber), &InstitutionFields::Adoig_szam,
                            QStringLiteral("Adoig_szam"), taxLabel, 16));
     const QString nbkLabel = QStringLiteral("Az intézet NBK kódja");
-    row(nbkLabel, plain(&Institution::NBK_KOD, QStringLiteral("NBK_KOD"), nbkLabel, 9));
+    row(nbkLabel, plain(&InstitutionFields::NBK_KOD, QStringLiteral("NBK_KOD"), nbkLabel, 9));
     return box;
 }
 
@@ -134,19 +135,20 @@ QWidget* intad::buildLogin() {
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     form->setHorizontalSpacing(12);
     const QString loginLabel = QStringLiteral("Bejelentkező név");
-    QLineEdit* login = addField(new QLineEdit, &Institution::Login, QStringLiteral("Login"), loginLabel, 39);
+    QLineEdit* login =
+        addField(new QLineEdit, &InstitutionFields::Login, QStringLiteral("Login"), loginLabel, 39);
     login->setMaxLength(loginLength);
     form->addRow(loginLabel, login);
     const QString passwordLabel = QStringLiteral("Jelszó");
     QLineEdit* password =
-        addField(new QLineEdit, &Institution::Password, QStringLiteral("Password"), passwordLabel, 39);
+        addField(new QLineEdit, &InstitutionFields::Password, QStringLiteral("Password"), passwordLabel, 39);
     password->setMaxLength(loginLength);
     password->setEchoMode(QLineEdit::Password); // in clear text in the file only
     form->addRow(passwordLabel, password);
     return box;
 }
 
-void intad::fill(const Institution& institution) {
+void intad::fill(const InstitutionFields& institution) {
     for (const Field& field : m_fields) {
         const QString& value = institution.*field.member;
         if (auto* masked = qobject_cast<MaskedField*>(field.edit))
@@ -156,8 +158,8 @@ void intad::fill(const Institution& institution) {
     }
 }
 
-Institution intad::fields() const {
-    Institution result;
+InstitutionFields intad::fields() const {
+    InstitutionFields result;
     for (const Field& field : m_fields)
         result.*field.member = plainText(field.edit);
     return result;
@@ -165,7 +167,7 @@ Institution intad::fields() const {
 
 void intad::store() {
     m_status->clear();
-    const Institution typed = fields();
+    const InstitutionFields typed = fields();
     const InstitutionFault fault = checkInstitutionFields(typed);
     if (!fault.field.isEmpty()) {
         m_status->setText(fault.status);

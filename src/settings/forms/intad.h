@@ -24,16 +24,16 @@ class intad : public WorkForm {
 
   private:
     struct Field {
-        QString Institution::*member;
+        QString InstitutionFields::*member;
         QLineEdit* edit;
     };
 
     QWidget* buildIdentity();
     QWidget* buildLogin();
-    QLineEdit* addField(QLineEdit* edit, QString Institution::*member, const QString& name,
+    QLineEdit* addField(QLineEdit* edit, QString InstitutionFields::*member, const QString& name,
                         const QString& label, int characters);
-    void fill(const Institution& institution);
-    Institution fields() const;
+    void fill(const InstitutionFields& institution);
+    InstitutionFields fields() const;
     void store();
 
     FieldChain* m_chain;

@@ -1,0 +1,13 @@
+#include "reports/institution.h"
+
+namespace vandrel {
+
+std::optional<Institution> readInstitution(Workstation& station) {
+    Query row = station.files[DataFile::tetdata].query(
+        "select Int_nev, Gyogyi_kod, Szakrend_kod, Bankszamla, Adoig_szam, NBK_KOD from intezet order by "
+        "rowid limit 1");
+    if (!row.next()) return std::nullopt;
+    return Institution{row.text(0), row.text(1), row.text(2), row.text(3), row.text(4), row.text(5)};
+}
+
+} // namespace vandrel

@@ -1,0 +1,265 @@
+#include "reports/original_report.h"
+
+#include "foundation/look_ups.h"
+#include "platform/code_page.h"
+#include "reports/covering_note.h"
+#include "reports/fault_policy.h"
+#include "reports/institution.h"
+#include "reports/record_table.h"
+#include "reports/report_figures.h"
+#include "reports/report_target.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QThread>
+
+#include <array>
+
+namespace vandrel {
+
+namespace {
+
+const QString noteName = QStringLiteral("kuldo.txt");
+constexpr int countDigits = 7;
+constexpr std::size_t partSize = 1 << 16; // bytes handed to the file at once
+constexpr unsigned long retryPause = 10;  // milliseconds between two tries of a locked file
+
+QString digits(const QString& text) {
+    return text.left(4) + text.right(2);
+}
+
+// The eight lines in front of the records.
+QStringList headBlock(const Institution& institution, const QString& period, qint64 records) {
+    const QString& account = institution.Bankszamla;
+    const QString& tax = institution.Adoig_szam; // the dashes drop out
+    const QString blank(1, QLatin1Char(' '));
+    return {
+        institution.Szakrend_kod.left(4) + QStringLiteral("00000") + institution.NBK_KOD + blank,
+        tax.mid(0, 8) + tax.mid(9, 1),
+        tax.mid(11, 2) + blank + digits(period),
+        QString::number(records).rightJustified(countDigits, QLatin1Char('0')),
+        account.mid(0, 8) + blank,
+        account.mid(9, 8) + blank,
+        account.mid(18, 8) + blank,
+        {},
+    };
+}
+
+std::string_view viewOf(const QByteArray& bytes) {
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+
+class OriginalReport {
+  public:
+    OriginalReport(Workstation& station, const QString& period, EventTurn& turn, ReportProgress& progress,
+                   ReportOutcome& outcome)
+        : m_station(station), m_period(period), m_turn(turn), m_progress(progress), m_outcome(outcome),
+          m_figures([&station](std::string_view code) {
+              return Visszaad_beav(station, QString::fromUtf8(code.data(), qsizetype(code.size()))).points;
+          }) {}
+
+    void run() {
+        try {
+            if (!writeReport()) return;
+            writeNote();
+            statement([&] {
+                makeEmptyFile(
+                    targetFile(m_station, QDir::separator() + m_institution.NBK_KOD + QStringLiteral(".id")));
+            });
+            showNote(QStringLiteral("Adatbázis tömörítése..."), false);
+        } catch (const Fault& fault) {
+            tellFault(fault);
+            return;
+        }
+        pack();
+        showNote(QStringLiteral("Adatbázis tömörítése kész, a jelentés elkészült!\n"
+                                "Kérem várjon, amíg a felbukkanó ablak automatikusan bezáródik!"),
+                 true);
+        m_outcome.complete = true;
+    }
+
+  private:
+    template<class Work>
+    void statement(Work&& work) {
+        runStatement(
+            writerFaults, [this] { return waitForLock(); }, std::forward<Work>(work));
+    }
+
+    bool waitForLock() {
+        QThread::msleep(retryPause);
+        m_turn.serve();
+        return !m_progress.givesUpWaiting();
+    }
+
+    void tellFault(const Fault& fault) {
+        m_amb.reset(); // closed as far as it was written
+        if (reactionTo(writerFaults, fault.number()) == Reaction::wrongPath)
+            m_station.dialogue.tell(QStringLiteral("A megadott útvonal hibás!"));
+        else
+            m_station.dialogue.tell(QStringLiteral("Hiba történt az adatkiírás során!") +
+                                        QString::number(fault.number()),
+                                    QStringLiteral("Hiba mentés közben"));
+    }
+
+    QString workingFile(const QString& name) const { return m_station.folder + QLatin1Char('/') + name; }
+
+    // False when the run ends here with a box of its own.
+    bool writeReport() {
+        Database& scratch = m_station.files[DataFile::tetseged];
+        qint64 records = 0;
+        statement([&] {
+            Query count = scratch.query("select count(*) from Leval_er");
+            if (count.next()) records = count.integer(0);
+        });
+        m_outcome.records = records;
+        m_progress.outputRecords(records);
+
+        const std::optional<Institution> institution = readInstitution(m_station);
+        if (!institution) {
+            // Nothing is left behind that could be taken for this month's report.
+            QFile::remove(workingFile(QStringLiteral("tet.amb")));
+            m_station.dialogue.tell(QStringLiteral("Nincsenek kitöltve az intézeti adatok!"),
+                                    QStringLiteral("Hiba"));
+            return false;
+        }
+        m_institution = *institution;
+        // The code is part of file names and must not lead out of their folders.
+        if (m_institution.NBK_KOD.contains(QLatin1Char('/')) ||
+            m_institution.NBK_KOD.contains(QLatin1Char('\\')))
+            throw Fault(fault::pathNotFound,
+                        QStringLiteral("Az útvonal nem található: %1").arg(m_institution.NBK_KOD));
+        m_baseName = QStringLiteral("tet") + m_institution.NBK_KOD;
+        statement([&] { m_amb->open(workingFile(m_baseName + QStringLiteral(".amb"))); });
+        if (m_amb->isOpen()) m_outcome.reportFile = workingFile(m_baseName + QStringLiteral(".amb"));
+
+        statement([&] { writeHeadBlock(records); });
+        if (records == 0) {
+            statement([&] { m_amb->close(); });
+            m_station.dialogue.tell(QStringLiteral("Nincs adat![Hiba: ErFl-01]"), QStringLiteral("Hiba"));
+            return false;
+        }
+        writeRecords(scratch, records);
+        statement([&] { m_amb->close(); });
+        return true;
+    }
+
+    void writeHeadBlock(qint64 records) {
+        std::string block;
+        for (const QString& line : headBlock(m_institution, m_period, records)) {
+            const QByteArray utf8 = line.toUtf8();
+            if (!code_page::appendUtf8(block, viewOf(utf8)))
+                throw Fault(fault::invalidCall,
+                            QStringLiteral("Az intézet adatai nem írhatók a jelentésbe!"));
+            block += "\r\n";
+        }
+        m_amb->writeBytes(block);
+    }
+
+    void writeRecords(Database& scratch, qint64 records) {
+        static constexpr std::span<const RecordColumn> record(originalRecord);
+        constexpr std::size_t firstCode = recordPlace(originalRecord, "Who_1");
+        constexpr std::size_t unit = recordPlace(originalRecord, "R_azon");
+        constexpr std::size_t placesPerPosition = 3; // code, quantity, character
+        static_assert(recordPlace(originalRecord, "Who_6") ==
+                      firstCode + (positionsPerRecord - 1) * placesPerPosition);
+
+        const RecordFormatter formatter(record);
+        std::array<RecordFormatter::Value, std::size(originalRecord)> values;
+        std::array<ReportFigures::Position, positionsPerRecord> positions;
+        std::string part;
+        part.reserve(partSize + recordWidth(record) + 2);
+        Query row = scratch.query(recordSelect(record, "Leval_er"));
+        const auto flush = [&] {
+            statement([&] {
+                m_amb->writeBytes(part);
+                part.clear();
+            });
+            part.clear();
+        };
+        qint64 position = 0;
+        while (row.next()) {
+            for (std::size_t i = 0; i < values.size(); ++i) {
+                const int column = static_cast<int>(i);
+                values[i] = row.isNull(column) ? std::nullopt : RecordFormatter::Value(row.bytes(column));
+            }
+            try {
+                formatter.append(part, values);
+            } catch (const Fault&) {
+                flush(); // as far as it was written: up to the column at fault
+                throw;
+            }
+            for (std::size_t i = 0; i < positionsPerRecord; ++i) {
+                const std::size_t at = firstCode + i * placesPerPosition;
+                positions[i] = {values[at].value_or(""), values[at + 1].value_or("")};
+            }
+            m_figures.addRow(values[unit], positions);
+            if (part.size() >= partSize) flush();
+            ++position;
+            if (position == records || m_turn.due()) {
+                m_outcome.procedures = m_figures.procedures();
+                m_progress.procedures(m_outcome.procedures);
+                m_progress.moved(QStringLiteral("Kiírás: "), position, records);
+                m_turn.serve();
+            }
+        }
+        flush();
+    }
+
+    void writeNote() {
+        CodePageFile note;
+        const auto line = [&](const QString& text) { statement([&] { note.writeLine(text); }); };
+        statement([&] { note.open(workingFile(noteName)); });
+        for (const QString& text : noteHead(m_institution, m_station.clock.today(), m_period))
+            line(text);
+        for (const UnitFigures& unit : m_figures.units())
+            line(noteUnitLine(unit, Visszaad_szakrend(m_station, QString::fromStdString(unit.code))));
+        for (const QString& text : noteFoot(m_figures.grandTotal(), m_figures.procedures()))
+            line(text);
+        statement([&] { note.close(); });
+    }
+
+    // Errors are ignored here, each step going on to the next one.
+    void pack() {
+        try {
+            const QString archive = targetFile(m_station, m_baseName + QStringLiteral(".arj"));
+            // An archive of an earlier month must not pass for this one where the archiver fails.
+            QFile::remove(archive);
+            m_station.packer.start(m_station.folder, archive, m_baseName + QStringLiteral(".amb"));
+        } catch (const Fault&) {
+        }
+        try {
+            const QString from = workingFile(noteName);
+            const QString to = targetFile(m_station, QDir::separator() + noteName);
+            // Where the target is the working folder the note is there already.
+            if (QFileInfo(from).canonicalFilePath() != QFileInfo(to).canonicalFilePath())
+                copyFileOver(from, to);
+        } catch (const Fault&) {
+        }
+    }
+
+    void showNote(const QString& text, bool buttonEnabled) {
+        if (m_station.statusNote == nullptr) return;
+        m_station.statusNote->showNote(text, buttonEnabled);
+        m_turn.serve();
+    }
+
+    Workstation& m_station;
+    const QString m_period;
+    EventTurn& m_turn;
+    ReportProgress& m_progress;
+    ReportOutcome& m_outcome;
+    ReportFigures m_figures;
+    Institution m_institution;
+    QString m_baseName;
+    std::unique_ptr<CodePageFile> m_amb = std::make_unique<CodePageFile>();
+};
+
+} // namespace
+
+void eredeti_floppy(Workstation& station, const QString& period, EventTurn& turn, ReportProgress& progress,
+                    ReportOutcome& outcome) {
+    OriginalReport(station, period, turn, progress, outcome).run();
+}
+
+} // namespace vandrel

@@ -1,0 +1,104 @@
+// The record of the itemised report: one array says each column's place, width, padding and blank test, and
+// one formatter walks it. Reads no table itself.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace vandrel {
+
+// What makes a column the whole width in blanks before any padding.
+enum class BlankTest {
+    never, // padded straight: a procedure position without a procedure is an empty text
+    null,  // Null; an empty text or a stored blank is a value and is padded, with zeros where told
+    blanks // Null, and also a text of blanks only
+};
+
+struct RecordColumn {
+    std::string_view column; // of the scratch table
+    std::size_t width;       // characters; values are right-justified
+    char padding;            // ' ' or '0'
+    BlankTest test;
+    std::string_view tested = {}; // the column that is tested when it is not this one
+};
+
+// In the order of the line. The oddities are wanted: the Fund has been reading these files for years.
+inline constexpr RecordColumn originalRecord[] = {
+    {"R_azon", 9, ' ', BlankTest::never},       {"Orv_azon", 5, ' ', BlankTest::null},
+    {"Bek", 9, ' ', BlankTest::null},           {"Borv_azon", 5, ' ', BlankTest::null},
+    {"Badat", 9, '0', BlankTest::null},         {"Bdatum", 8, ' ', BlankTest::null},
+    {"Naplo", 8, '0', BlankTest::never}, // joins the records of a sheet, so it is in every one
+    {"Datum", 8, ' ', BlankTest::null},         {"Ora", 4, ' ', BlankTest::null},
+    {"Allampol", 3, ' ', BlankTest::null},      {"Taj", 9, ' ', BlankTest::null},
+    {"Az_tip", 1, ' ', BlankTest::null},        {"Nem", 1, ' ', BlankTest::null},
+    {"Szul", 8, ' ', BlankTest::null},          {"Irszam", 4, ' ', BlankTest::null},
+    {"Terkat", 2, ' ', BlankTest::null, "Ora"}, // the time decides over the fee category: wanted
+    {"Rterdij", 6, ' ', BlankTest::null},       {"Ell_tip", 1, ' ', BlankTest::null},
+    {"Bno_1", 5, ' ', BlankTest::blanks},       {"Bno_2", 5, ' ', BlankTest::blanks},
+    {"Bno_3", 5, ' ', BlankTest::blanks},       {"Bno_4", 5, ' ', BlankTest::blanks},
+    {"Bno_5", 5, ' ', BlankTest::blanks},       {"Who_1", 5, ' ', BlankTest::never},
+    {"Menny_1", 2, ' ', BlankTest::never},      {"Jell_1", 1, ' ', BlankTest::never},
+    {"Who_2", 5, ' ', BlankTest::never},        {"Menny_2", 2, ' ', BlankTest::never},
+    {"Jell_2", 1, ' ', BlankTest::never},       {"Who_3", 5, ' ', BlankTest::never},
+    {"Menny_3", 2, ' ', BlankTest::never},      {"Jell_3", 1, ' ', BlankTest::never},
+    {"Who_4", 5, ' ', BlankTest::never},        {"Menny_4", 2, ' ', BlankTest::never},
+    {"Jell_4", 1, ' ', BlankTest::never},       {"Who_5", 5, ' ', BlankTest::never},
+    {"Menny_5", 2, ' ', BlankTest::never},      {"Jell_5", 1, ' ', BlankTest::never},
+    {"Who_6", 5, ' ', BlankTest::never},        {"Menny_6", 2, ' ', BlankTest::never},
+    {"Jell_6", 1, ' ', BlankTest::never},       {"Tova", 1, ' ', BlankTest::null},
+    {"Labor", 1, ' ', BlankTest::null},         {"Rtg", 1, ' ', BlankTest::null},
+    {"Ctmr", 1, ' ', BlankTest::null},          {"Fizioter", 1, ' ', BlankTest::null},
+    {"K_kep", 1, ' ', BlankTest::null},         {"Utkltg", 1, ' ', BlankTest::null},
+    {"Baleset", 2, ' ', BlankTest::null},       {"Recept", 2, '0', BlankTest::null},
+    {"Gyogyseg", 2, '0', BlankTest::null},      {"Gyogyfurd", 2, '0', BlankTest::null},
+    {"Elsznyil", 2, ' ', BlankTest::null},      {"Termen", 2, ' ', BlankTest::null},
+    {"Termod", 2, ' ', BlankTest::null},
+};
+
+// Place of a column in a record; the record's size when it has none of that name.
+constexpr std::size_t recordPlace(std::span<const RecordColumn> record, std::string_view column) {
+    for (std::size_t i = 0; i < record.size(); ++i)
+        if (record[i].column == column) return i;
+    return record.size();
+}
+
+constexpr std::size_t recordWidth(std::span<const RecordColumn> record) {
+    std::size_t width = 0;
+    for (const RecordColumn& column : record)
+        width += column.width;
+    return width;
+}
+static_assert(recordWidth(originalRecord) == 194);
+
+inline constexpr std::size_t positionsPerRecord = 6;
+
+// "select", the record's columns in their order, and "from table order by rowid".
+std::string recordSelect(std::span<const RecordColumn> record, std::string_view table);
+
+// Turns the columns of a row into one line. Values are UTF-8 views in the record's order, nullopt is Null.
+class RecordFormatter {
+  public:
+    using Value = std::optional<std::string_view>;
+
+    explicit RecordFormatter(std::span<const RecordColumn> record);
+
+    // Appends the line with its CR LF to target, in the code page. A value longer than its width, or one that
+    // cannot stand in the file (a letter outside the code page, a line end), is fault invalidCall; target
+    // then holds the columns before it.
+    void append(std::string& target, std::span<const Value> values) const;
+
+  private:
+    std::span<const RecordColumn> m_record;
+    std::array<std::size_t, 64> m_tested{}; // place of each column's tested column
+};
+
+// True when the text holds nothing but blanks.
+constexpr bool onlyBlanks(std::string_view text) {
+    return text.find_first_not_of(' ') == std::string_view::npos;
+}
+
+} // namespace vandrel

@@ -1,0 +1,73 @@
+#include "reports/report_run.h"
+
+#include "platform/event_turn.h"
+#include "reports/original_report.h"
+#include "reports/report_period.h"
+#include "reports/report_target.h"
+#include "reports/selection.h"
+
+namespace vandrel {
+
+namespace {
+
+using Result = ReportOutcome::Result;
+
+const QString noData = QStringLiteral("Nincs a feltételeknek megfelelő adat!\n"
+                                      "Lehetséges hibák: \n"
+                                      "\t - a megadott dátumintervallumra a jelentés egyszer más elkészült, "
+                                      "a floppy mezők visszaírása szükséges");
+
+void tellFault(Workstation& station, const Fault& fault) {
+    if (fault.number() == fault::diskNotReady)
+        station.dialogue.tell(QStringLiteral("Nem található az elérési útvonal!"));
+    else
+        station.dialogue.tell(QStringLiteral("Hiba történt! Leválogatás nem futtatható") +
+                              QString::number(fault.number()));
+}
+
+} // namespace
+
+ReportOutcome runReport(Workstation& station, const ReportRequest& request, ReportProgress& progress) {
+    ReportOutcome outcome;
+    const PeriodFault periodFault = checkPeriods(request);
+    if (!periodFault.message.isEmpty()) {
+        station.dialogue.tell(periodFault.message);
+        outcome.field = periodFault.field;
+        return outcome;
+    }
+    if (request.mode != QLatin1String("0")) {
+        // Marks without a report would hide these sheets, so nothing is selected either.
+        station.dialogue.tell(QStringLiteral("Ez a jelentés ebben a változatban még nem készíthető el!"),
+                              programTitle, Icon::information);
+        outcome.result = Result::notBuilt;
+        return outcome;
+    }
+
+    EventTurn turn(station.serveEvents);
+    outcome.result = Result::notStarted;
+    try {
+        testTarget(station);
+        progress.started();
+        outcome.result = Result::broken;
+        emptyScratchTables(station);
+        const std::vector<qint64> sheets =
+            dueSheets(station, Selection::original, request.from, request.to, turn);
+        outcome.sheets = static_cast<qint64>(sheets.size());
+        progress.selectedSheets(outcome.sheets);
+        if (sheets.empty()) {
+            outcome.result = Result::noData;
+            progress.noData();
+            station.dialogue.tell(noData, QStringLiteral("Hiba!"));
+            return outcome;
+        }
+        outcome.records = flattenSheets(station, Selection::original, sheets, turn, progress);
+    } catch (const Fault& fault) {
+        tellFault(station, fault);
+        return outcome;
+    }
+    eredeti_floppy(station, request.from, turn, progress, outcome);
+    outcome.result = Result::writerEnded;
+    return outcome;
+}
+
+} // namespace vandrel

@@ -1,0 +1,86 @@
+#include "reports/write_back.h"
+
+#include "foundation/format.h"
+#include "platform/event_turn.h"
+#include "reports/selection.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace vandrel {
+
+namespace {
+
+struct OptionRule {
+    const char* found; // condition on the sheet
+    const char* clear;
+};
+
+OptionRule ruleOf(WriteBack option) {
+    switch (option) {
+    case WriteBack::original:
+        return {"FLOPPY=1", "update BETEG set FLOPPY=0 where rowid=?1"};
+    case WriteBack::corrected:
+        return {"FLOPPY2=1", "update BETEG set FLOPPY2=0 where rowid=?1"};
+    case WriteBack::both:
+        break;
+    }
+    return {"(FLOPPY=1 or FLOPPY2=1)", "update BETEG set FLOPPY=0, FLOPPY2=0 where rowid=?1"};
+}
+
+} // namespace
+
+WriteBackOutcome writeBackMarks(Workstation& station, const QString& from, const QString& to,
+                                WriteBack option, const std::function<void(qint64, qint64)>& moved) {
+    if (from == format::emptyPeriod) {
+        station.dialogue.tell(QStringLiteral("Nem adott meg -Tól értéket!"));
+        return {QStringLiteral("from"), 0};
+    }
+    if (to == format::emptyPeriod) {
+        station.dialogue.tell(QStringLiteral("Nem adott meg -Ig értéket!"));
+        return {QStringLiteral("to"), 0};
+    }
+    WriteBackOutcome outcome;
+    try {
+        const OptionRule rule = ruleOf(option);
+        const PeriodCondition period = periodCondition(from, to);
+        EventTurn turn(station.serveEvents);
+        Database& data = station.files[DataFile::tetdata];
+        std::vector<qint64> sheets;
+        {
+            Query found = data.query("select rowid from BETEG where " + period.sql + " and " + rule.found,
+                                     std::string_view(period.lower), std::string_view(period.upper));
+            while (found.next()) {
+                sheets.push_back(found.integer(0));
+                if ((sheets.size() & 63) == 0 && turn.due()) turn.serve();
+            }
+        }
+        std::sort(sheets.begin(), sheets.end());
+        Transaction transaction(data);
+        Query clear = data.query(rule.clear);
+        const auto total = static_cast<qint64>(sheets.size());
+        qint64 position = 0;
+        for (const qint64 sheet : sheets) {
+            clear.bind(1, sheet).run();
+            ++position;
+            if (position == total || turn.due()) {
+                if (moved) moved(position, total);
+                turn.serve();
+            }
+        }
+        transaction.commit();
+        outcome.sheets = total;
+    } catch (const Fault& fault) {
+        station.dialogue.tell(
+            QStringLiteral("Az adatvisszaállítás nem sikerült, az adatok nem változtak!\n") + fault.text(),
+            QStringLiteral("Hiba"));
+        return {};
+    }
+    if (outcome.sheets == 0)
+        station.dialogue.tell(QStringLiteral("Nincs visszaállítható adat!"), programTitle, Icon::warning);
+    else
+        station.dialogue.tell(QStringLiteral("Kész az adatvisszaállítás!"), programTitle, Icon::information);
+    return outcome;
+}
+
+} // namespace vandrel

@@ -1,0 +1,27 @@
+// The running numbers of the sheets: the key of the next one, and what a stored sheet moves. Internal to the
+// sheet's rules.
+#pragma once
+
+#include "foundation/workstation.h"
+
+#include <QString>
+
+namespace vandrel {
+
+// The running number behind the last key, seven digits: characters 4 to 10 of the last key plus 1. Faults:
+// overflow behind 9999999, typeMismatch when those characters are no number.
+QString nextRunningNumber(Workstation& station);
+
+// True when a sheet is stored under the key.
+bool sheetStored(Workstation& station, const QString& key);
+
+// A journal number as the counters keep it: rounded to a whole number of 32 bits. Faults typeMismatch and
+// overflow.
+qint64 journalNumber(const QString& journal);
+
+// Writes the key into AZONOSIT and the unit's last doctor and journal number into DEFAULT, inside the
+// caller's transaction. A blank doctor leaves the one that is there.
+void moveCounters(Workstation& station, const QString& key, const QString& unit, const QString& doctor,
+                  qint64 journal);
+
+} // namespace vandrel

@@ -1,0 +1,97 @@
+// The twenty checks of a store, in their order.
+#include "foundation/format.h"
+#include "sheet/sheet_store.h"
+
+#include "platform/text_compare.h"
+
+using namespace Qt::StringLiterals;
+
+namespace vandrel {
+
+namespace {
+
+using FailsIf = bool (*)(Workstation&, const SheetFields&);
+
+template<auto member>
+bool empty(Workstation&, const SheetFields& fields) {
+    return (fields.*member).trimmed().isEmpty();
+}
+
+// The empty mask passes here: the next check has a message of its own for it.
+bool birthDateWrong(Workstation&, const SheetFields& fields) {
+    return fields.Szul_dat != format::emptyDate && !format::parseDate(fields.Szul_dat);
+}
+
+bool birthDateMissing(Workstation&, const SheetFields& fields) {
+    return fields.Szul_dat == format::emptyDate;
+}
+
+bool partFeeMissing(Workstation&, const SheetFields& fields) {
+    return equalTexts(fields.Terites.trimmed(), u"0R") && fields.TerReszlDij.trimmed().isEmpty();
+}
+
+bool timeMissing(Workstation&, const SheetFields& fields) {
+    return fields.F_ido.trimmed() == u":";
+}
+
+bool timeShort(Workstation&, const SheetFields& fields) {
+    return fields.F_ido.trimmed().size() < 5;
+}
+
+// Compares with zero, not with one, and is wanted so: a count is never below zero, so a sheet without any
+// procedure line can be stored.
+bool linesBelowZero(Workstation& station, const SheetFields& fields) {
+    Query lines = station.files[DataFile::tetdata].query("select count(*) from EUSZOLG where Azonosito=?1",
+                                                         fields.Azonosito);
+    return lines.next() && lines.integer(0) < 0;
+}
+
+bool euSheetIncomplete(Workstation&, const SheetFields& fields) {
+    return fields.EU_LAP.trimmed() == u"1" &&
+           (fields.BIZT_ORSZ.trimmed().isEmpty() || fields.CS_NEV.trimmed().isEmpty() ||
+            fields.KER_NEV.trimmed().isEmpty() || fields.BIZT_SZAM.trimmed().isEmpty());
+}
+
+struct Check {
+    FailsIf failsIf;
+    const char16_t* message;
+    const char* field;
+    const char16_t* title = nullptr; // the program's when none is told
+};
+
+using F = SheetFields;
+constexpr Check checks[] = {
+    {empty<&F::Irszam>, u"Lakcím-Város nincs kitöltve!", "Irszam"},
+    {empty<&F::Szakrend>, u"Szakrendelés nincs kitöltve!", "Szakrend"},
+    {empty<&F::Szem_szam>, u"TAJ szám nincs kitöltve!", "Szem_szam"},
+    {empty<&F::Naplo>, u"Hibás naplósorszám!", "Naplo"},
+    {empty<&F::Azon_tipus>, u"Hibás azonosító típus!", "Azon_tipus"},
+    {empty<&F::Nem>, u"Nincs kitöltve a beteg neme!", "Nem"},
+    {birthDateWrong, u"Hibás a születési dátum, kérem javítsa!", "Szul_dat", u"Hiba!"},
+    {birthDateMissing, u"Születési dátum nincs kitöltve!", "Szul_dat"},
+    {empty<&F::Terites>, u"Térítési kategória nincs kitöltve!", "Terites"},
+    {partFeeMissing, u"Térítés részleges díja nincs kitöltve!", "TerReszlDij"},
+    {empty<&F::Baleset>, u"Baleset mező nincs kitöltve!", "Baleset"},
+    {empty<&F::Ell_tip>, u"Ellátás típusa nincs kitöltve!", "Ell_tip"},
+    {empty<&F::Tova>, u"Továbbküldés nincs kitöltve!", "Tova"},
+    {empty<&F::Neve>, u"Beteg neve nincs kitöltve!", "Neve"},
+    {empty<&F::Anyja_neve>, u"Anyja neve nincs kitöltve!", "Anyja_neve"},
+    {empty<&F::Allampol_rov>, u"Állampolgárság nincs kitöltve!", "Allampol_rov"},
+    {timeMissing, u"Nem megfelelő az ellátási idő!", "F_ido"},
+    {timeShort, u"Nem megfelelő az ellátási idő!", "F_ido"},
+    {linesBelowZero, u"Minimum egy Oeno kitöltése kötelező!", "BEAV"},
+    {euSheetIncomplete, u"Eu lap kitöltése helytelen!", "EU_LAP"},
+};
+
+} // namespace
+
+StoreFault checkSheet(Workstation& station, const SheetFields& fields) {
+    for (const Check& check : checks)
+        if (check.failsIf(station, fields))
+            return {QString::fromUtf16(check.message),
+                    check.title != nullptr ? QString::fromUtf16(check.title) : programTitle,
+                    QString::fromLatin1(check.field)};
+    return {};
+}
+
+} // namespace vandrel
