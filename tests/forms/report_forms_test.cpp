@@ -115,6 +115,7 @@ TEST_F(ReportForms, TheMonthsReportByKeyboard) {
     EXPECT_TRUE(shown(form, "TeljesLemez").startsWith(QStringLiteral("Teljes lemezterület: ")));
     EXPECT_TRUE(shown(form, "SzabadLemez").endsWith(QStringLiteral(" kb ")));
 
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     // The run; in its midst neither a second start nor closing does anything.
     part<QPushButton>(form, "Levalogatas")->setFocus();
     bool tried = false;
