@@ -113,13 +113,19 @@ bool FieldChain::eventFilter(QObject* watched, QEvent* event) {
             // A mouse press sets the cursor after this event: select behind it.
             if (reason == Qt::MouseFocusReason)
                 QMetaObject::invokeMethod(edit, &QLineEdit::selectAll, Qt::QueuedConnection);
-            else if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+            else if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
+                m_selectDue = edit;
                 QMetaObject::invokeMethod(
                     edit,
-                    [edit] {
+                    [this, edit] {
+                        // Keys typed ahead have been served before this: what they wrote must not be
+                        // selected, or the next key would write over it.
+                        if (m_selectDue != edit) return;
+                        m_selectDue = nullptr;
                         if (edit->hasFocus() && !edit->hasSelectedText()) edit->selectAll();
                     },
                     Qt::QueuedConnection);
+            }
         }
         return false;
     }
@@ -136,6 +142,7 @@ bool FieldChain::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress:
         // A key typed ahead of a check that gives the focus back belongs to nobody.
         if (!settle() && !field->hasFocus()) return true;
+        m_selectDue = nullptr;
         return keyPressed(field, *entry, static_cast<QKeyEvent*>(event));
     default:
         return false;
@@ -192,6 +199,20 @@ bool FieldChain::settle() {
         SelectAll(field);
     }
     return kept;
+}
+
+bool FieldChain::checkFocused() {
+    if (!settle()) return false;
+    QWidget* field = QApplication::focusWidget();
+    const Entry* entry = field != nullptr ? find(field) : nullptr;
+    if (entry == nullptr || !entry->behaviour.leave || m_blocked || m_checking) return true;
+    bool good = true;
+    {
+        const QScopedValueRollback<bool> guard(m_checking, true);
+        good = entry->behaviour.leave();
+    }
+    if (!good) SelectAll(field);
+    return good && QApplication::focusWidget() == field;
 }
 
 } // namespace vandrel
