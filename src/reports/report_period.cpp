@@ -16,23 +16,20 @@ ReportPeriods defaultPeriods(const QString& mode, QDate today) {
             format::period(december ? year + 1 : year, december ? 1 : month + 1)};
 }
 
-PeriodFault checkPeriods(const ReportRequest& request) {
-    struct Check {
-        const QString& text;
-        QString message;
-        QString field;
-        bool asked;
-    };
+QString checkPeriods(const ReportRequest& request) {
     const bool corrected = request.mode == QLatin1String("1");
     const bool onlyFrom = request.mode == QLatin1String("E"); // its to-field is hidden
-    const Check checks[] = {
-        {request.from, QStringLiteral("Hibás induló dátum!"), QStringLiteral("from"), true},
-        {request.to, QStringLiteral("Hibás vég dátum!"), QStringLiteral("to"), !onlyFrom},
-        {request.settlement, QStringLiteral("Hibás elszámolási időszak dátum!"), QStringLiteral("settlement"),
-         corrected},
+    const struct {
+        const QString& text;
+        QString message;
+        bool asked;
+    } checks[] = {
+        {request.from, QStringLiteral("Hibás induló dátum!"), true},
+        {request.to, QStringLiteral("Hibás vég dátum!"), !onlyFrom},
+        {request.settlement, QStringLiteral("Hibás elszámolási időszak dátum!"), corrected},
     };
-    for (const Check& check : checks)
-        if (check.asked && check.text == format::emptyPeriod) return {check.message, check.field};
+    for (const auto& check : checks)
+        if (check.asked && check.text == format::emptyPeriod) return check.message;
     return {};
 }
 

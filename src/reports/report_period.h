@@ -16,12 +16,8 @@ struct ReportPeriods {
 // Modes "0" and "E" propose last month, mode "1" the month before that; the settlement is the month after.
 ReportPeriods defaultPeriods(const QString& mode, QDate today);
 
-// The first unfilled mask: its message and field; an empty message when all are filled. A filled period is
-// not tested further, and no sheet is looked at.
-struct PeriodFault {
-    QString message;
-    QString field;
-};
-PeriodFault checkPeriods(const ReportRequest& request);
+// The message of the first unfilled mask, empty when all are filled; the focus then goes to the from-field
+// whichever it was. A filled period is not tested further, and no sheet is looked at.
+QString checkPeriods(const ReportRequest& request);
 
 } // namespace vandrel

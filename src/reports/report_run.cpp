@@ -29,10 +29,9 @@ void tellFault(Workstation& station, const Fault& fault) {
 
 ReportOutcome runReport(Workstation& station, const ReportRequest& request, ReportProgress& progress) {
     ReportOutcome outcome;
-    const PeriodFault periodFault = checkPeriods(request);
-    if (!periodFault.message.isEmpty()) {
-        station.dialogue.tell(periodFault.message);
-        outcome.field = periodFault.field;
+    const QString unfilled = checkPeriods(request);
+    if (!unfilled.isEmpty()) {
+        station.dialogue.tell(unfilled);
         return outcome;
     }
     if (request.mode != QLatin1String("0")) {

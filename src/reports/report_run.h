@@ -36,7 +36,7 @@ class ReportProgress {
 
 struct ReportOutcome {
     enum class Result {
-        refused,    // a check failed; field says where the focus belongs
+        refused,    // a period is not filled in; the focus goes to the from-field
         notBuilt,   // the mode's writer does not exist yet: nothing was selected or marked
         notStarted, // the target is not ready; nothing was touched
         broken,     // the selection broke; the marks set so far stay
@@ -44,7 +44,6 @@ struct ReportOutcome {
         writerEnded // the writer ran; complete says whether it came to its end
     };
     Result result = Result::refused;
-    QString field; // "from", "to" or "settlement"
     bool complete = false;
     qint64 sheets = 0;     // selected
     qint64 records = 0;    // rows of the scratch table

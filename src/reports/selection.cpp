@@ -361,6 +361,11 @@ class Flattener {
 
 } // namespace
 
+qint64 countSheets(Workstation& station) {
+    Query count = station.files[DataFile::tetdata].query("select count(*) from BETEG");
+    return count.next() ? count.integer(0) : 0;
+}
+
 void emptyScratchTables(Workstation& station) {
     Database& scratch = station.files[DataFile::tetseged];
     scratch.execute("delete from Leval_er");

@@ -16,6 +16,9 @@ enum class Selection { original, corrected };
 // A sheet has room for this many lines; one more is fault subscript.
 inline constexpr std::size_t linesPerSheet = 100;
 
+// Sheets of all periods, for the screen's counter.
+qint64 countSheets(Workstation& station);
+
 // Deletes every row of both scratch tables.
 void emptyScratchTables(Workstation& station);
 

@@ -1,0 +1,154 @@
+#include "reports/forms/flujForm.h"
+
+#include "foundation/forms/field_chain.h"
+#include "foundation/forms/masked_field.h"
+#include "reports/write_back.h"
+
+#include <QCloseEvent>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace vandrel {
+
+namespace {
+
+constexpr int barSteps = 1000;
+
+QRadioButton* option(const QString& text) {
+    auto* result = new QRadioButton(text);
+    result->setObjectName(QString(text)
+                              .replace(QStringLiteral("í"), QStringLiteral("i"))
+                              .replace(QStringLiteral("ő"), QStringLiteral("o")));
+    result->setAccessibleName(text);
+    return result;
+}
+
+} // namespace
+
+flujForm::flujForm(Workstation& station, QWidget* opener) : WorkForm(station, opener) {
+    setObjectName(QStringLiteral("flujForm"));
+    setWindowTitle(QStringLiteral("Floppy mezők visszaírása"));
+
+    const QString period = QStringLiteral("Időszak (éééé.hh): ");
+    const auto field = [&](const QString& name, const QString& end) {
+        auto* result = new MaskedField(MaskedField::Mask::period);
+        result->setObjectName(name);
+        result->setAccessibleName(period + end);
+        result->setFixedWidth(result->fontMetrics().horizontalAdvance(QStringLiteral("0000.00")) + 26);
+        return result;
+    };
+    m_from = field(QStringLiteral("IdoszakTol"), QStringLiteral("-tól"));
+    m_to = field(QStringLiteral("IdoszakIg"), QStringLiteral("-ig"));
+    auto* label = new QLabel(period);
+    label->setBuddy(m_from);
+    auto* periodRow = new QHBoxLayout;
+    periodRow->addWidget(label);
+    periodRow->addWidget(m_from);
+    periodRow->addWidget(new QLabel(QStringLiteral("-")));
+    periodRow->addWidget(m_to);
+    periodRow->addStretch();
+
+    auto* options = new QGroupBox;
+    auto* optionRow = new QHBoxLayout(options);
+    m_original = option(QStringLiteral("Eredeti"));
+    m_corrected = option(QStringLiteral("Javított"));
+    m_both = option(QStringLiteral("Mindkettő"));
+    m_original->setChecked(true);
+    for (QRadioButton* choice : {m_original, m_corrected, m_both})
+        optionRow->addWidget(choice);
+
+    m_start = new QPushButton(QStringLiteral("Visszaállítás"));
+    m_start->setObjectName(QStringLiteral("Visszaallitas"));
+    m_start->setAccessibleName(m_start->text());
+    m_bar = new QProgressBar;
+    m_bar->setObjectName(QStringLiteral("Folyamat"));
+    m_bar->setAccessibleName(QStringLiteral("A visszaírás állása"));
+    m_bar->setRange(0, barSteps);
+    m_bar->setValue(0);
+    m_bar->setTextVisible(false);
+    m_count = new QLabel;
+    m_count->setObjectName(QStringLiteral("Darab"));
+    m_count->setAccessibleName(QStringLiteral("Visszaírt adatlapok"));
+    m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(QStringLiteral("0000000 / 0000000")));
+    auto* barRow = new QHBoxLayout;
+    barRow->addWidget(m_bar, 1);
+    barRow->addWidget(m_count);
+    auto* buttonRow = new QHBoxLayout;
+    buttonRow->addStretch();
+    buttonRow->addWidget(m_start);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(18, 16, 18, 14);
+    column->setSpacing(12);
+    column->addLayout(periodRow);
+    column->addWidget(options);
+    column->addLayout(barRow);
+    column->addLayout(buttonRow);
+    setMinimumWidth(460);
+
+    auto* chain = new FieldChain(this);
+    FieldBehaviour numeric;
+    numeric.numeric = true;
+    chain->add(m_from, numeric);
+    chain->add(m_to, numeric);
+    FieldBehaviour press;
+    press.key = [this](int key) {
+        if (key == Qt::Key_Return) m_start->click();
+        return key == Qt::Key_Return;
+    };
+    chain->add(m_start, press);
+    QWidget* previous = m_from;
+    for (QWidget* next : std::initializer_list<QWidget*>{m_to, m_original, m_corrected, m_both, m_start}) {
+        setTabOrder(previous, next);
+        previous = next;
+    }
+    connect(m_start, &QPushButton::clicked, this, &flujForm::writeBack);
+    SelectAll(m_from);
+}
+
+void flujForm::writeBack() {
+    if (m_running) return;
+    m_running = true;
+    m_start->setEnabled(false);
+    m_bar->setValue(0);
+    m_count->clear();
+    const WriteBack option = m_original->isChecked()    ? WriteBack::original
+                             : m_corrected->isChecked() ? WriteBack::corrected
+                                                        : WriteBack::both;
+    const WriteBackOutcome outcome = writeBackMarks(
+        station(), m_from->value(), m_to->value(), option, [this](qint64 position, qint64 total) {
+            m_bar->setValue(static_cast<int>(position * barSteps / total));
+            m_count->setText(QStringLiteral("%1 / %2").arg(position).arg(total));
+        });
+    m_running = false;
+    m_start->setEnabled(true);
+    if (outcome.field == QLatin1String("from"))
+        SelectAll(m_from);
+    else if (outcome.field == QLatin1String("to"))
+        SelectAll(m_to);
+    else
+        m_start->setFocus();
+}
+
+void flujForm::closeEvent(QCloseEvent* event) {
+    if (m_running || !isEnabled()) {
+        event->ignore();
+        return;
+    }
+    WorkForm::closeEvent(event);
+}
+
+void flujForm::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        WorkForm::keyPressEvent(event);
+}
+
+} // namespace vandrel

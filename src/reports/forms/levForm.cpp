@@ -1,0 +1,326 @@
+#include "reports/forms/levForm.h"
+
+#include "foundation/format.h"
+#include "foundation/forms/field_chain.h"
+#include "foundation/forms/masked_field.h"
+#include "reports/forms/openform.h"
+#include "reports/report_period.h"
+#include "reports/selection.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace vandrel {
+
+namespace {
+
+constexpr int barSteps = 10'000; // a hundredth of a percent each
+
+QString titleSuffix(const QString& mode) {
+    if (mode == QLatin1String("1")) return QStringLiteral(" - Javítás");
+    if (mode == QLatin1String("E")) return QStringLiteral(" - EU jelentés");
+    return QStringLiteral(" - Eredeti");
+}
+
+QLabel* valueLabel(const QString& name, const QString& caption) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setAccessibleName(caption);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+MaskedField* periodField(const QString& name, const QString& caption) {
+    auto* field = new MaskedField(MaskedField::Mask::period);
+    field->setObjectName(name);
+    field->setAccessibleName(caption);
+    field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("0000.00")) + 26);
+    return field;
+}
+
+QPushButton* button(const QString& name, const QString& text) {
+    auto* result = new QPushButton(text);
+    result->setObjectName(name);
+    result->setAccessibleName(text);
+    result->setAutoDefault(true); // Enter presses it
+    return result;
+}
+
+FieldBehaviour pressed(QPushButton* button) {
+    FieldBehaviour behaviour;
+    behaviour.key = [button](int key) {
+        if (key == Qt::Key_Return) button->click();
+        return key == Qt::Key_Return;
+    };
+    return behaviour;
+}
+
+} // namespace
+
+levForm::levForm(Workstation& station, QWidget* opener, const QString& mode)
+    : WorkForm(station, opener), m_mode(mode), m_chain(new FieldChain(this)) {
+    setObjectName(QStringLiteral("levForm"));
+    setWindowTitle(QStringLiteral("Havi jelentéskészítés") + titleSuffix(mode));
+    station.reportTarget = QStringLiteral("a:\\"); // anew each time the screen loads
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(18, 16, 18, 14);
+    column->setSpacing(12);
+    column->addWidget(makePeriodPanel());
+    column->addWidget(makeTargetPanel());
+    column->addWidget(makeProgressPanel());
+    m_hint = valueLabel(QStringLiteral("figyelmeztetes"), QStringLiteral("Figyelmeztetés"));
+    column->addWidget(m_hint);
+    column->addStretch();
+    setMinimumWidth(640);
+
+    FieldBehaviour numeric;
+    numeric.numeric = true;
+    for (MaskedField* field : {m_from, m_to, m_settlement})
+        m_chain->add(field, numeric);
+    m_chain->add(m_run, pressed(m_run));
+    m_chain->add(m_choose, pressed(m_choose));
+
+    const ReportPeriods periods = defaultPeriods(mode, station.clock.today());
+    m_from->setValue(periods.period);
+    m_to->setValue(periods.period);
+    m_settlement->setValue(periods.settlement);
+    m_allSheets->setText(QString::number(countSheets(station)));
+    SelectAll(m_from);
+}
+
+QWidget* levForm::makePeriodPanel() {
+    auto* panel = new QGroupBox;
+    auto* grid = new QGridLayout(panel);
+    grid->setHorizontalSpacing(10);
+    grid->setVerticalSpacing(10);
+    const QString period = QStringLiteral("Időszak (éééé.hh): ");
+    m_from = periodField(QStringLiteral("IdoszakTol"), period + QStringLiteral("-tól"));
+    m_to = periodField(QStringLiteral("IdoszakIg"), period + QStringLiteral("-ig"));
+    auto* periodLabel = new QLabel(period);
+    periodLabel->setBuddy(m_from);
+    grid->addWidget(periodLabel, 0, 0);
+    grid->addWidget(m_from, 0, 1);
+    // In mode "E" only the from-field counts.
+    auto* toPanel = new QWidget;
+    toPanel->setObjectName(QStringLiteral("IdoszakIgPanel"));
+    auto* toRow = new QHBoxLayout(toPanel);
+    toRow->setContentsMargins(0, 0, 0, 0);
+    toRow->addWidget(new QLabel(QStringLiteral("-")));
+    toRow->addWidget(m_to);
+    toPanel->setVisible(m_mode != QLatin1String("E"));
+    grid->addWidget(toPanel, 0, 2);
+
+    const QString settlement = QStringLiteral("Elszámolási időszak (éééé.hh): ");
+    m_settlement = periodField(QStringLiteral("ElszIdoszak"), settlement);
+    auto* settlementLabel = new QLabel(settlement);
+    settlementLabel->setBuddy(m_settlement);
+    grid->addWidget(settlementLabel, 1, 0);
+    grid->addWidget(m_settlement, 1, 1);
+    const bool corrected = m_mode == QLatin1String("1");
+    settlementLabel->setVisible(corrected);
+    m_settlement->setVisible(corrected);
+
+    grid->setColumnStretch(3, 1);
+    m_run = button(QStringLiteral("Levalogatas"), QStringLiteral("Leválogatás"));
+    m_run->setMinimumWidth(150);
+    grid->addWidget(m_run, 0, 4);
+    connect(m_run, &QPushButton::clicked, this, &levForm::run);
+    return panel;
+}
+
+QWidget* levForm::makeTargetPanel() {
+    auto* panel = new QGroupBox;
+    auto* grid = new QGridLayout(panel);
+    grid->setHorizontalSpacing(10);
+    m_choose = button(QStringLiteral("MentesiUt"), QStringLiteral("Mentési út..."));
+    m_choose->setMinimumWidth(150);
+    m_target = valueLabel(QStringLiteral("MentesiUtKijelzo"), QStringLiteral("Mentési út"));
+    m_target->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    m_target->setMargin(4);
+    m_target->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_target->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long path widens no window
+    m_target->setText(station().reportTarget);
+    grid->addWidget(m_target, 0, 0);
+    grid->addWidget(m_choose, 0, 1);
+    m_drive = valueLabel(QStringLiteral("Meghajto"), QStringLiteral("Meghajtó"));
+    m_total = valueLabel(QStringLiteral("TeljesLemez"), QStringLiteral("Teljes lemezterület"));
+    m_free = valueLabel(QStringLiteral("SzabadLemez"), QStringLiteral("Szabad lemezterület"));
+    auto* volume = new QHBoxLayout;
+    volume->setSpacing(18);
+    for (QLabel* label : {m_drive, m_total, m_free})
+        volume->addWidget(label);
+    volume->addStretch();
+    grid->addLayout(volume, 1, 0, 1, 2);
+    grid->setColumnStretch(0, 1);
+    connect(m_choose, &QPushButton::clicked, this, &levForm::chooseTarget);
+    return panel;
+}
+
+QWidget* levForm::makeProgressPanel() {
+    auto* panel = new QGroupBox;
+    auto* grid = new QGridLayout(panel);
+    grid->setHorizontalSpacing(10);
+    int line = 0;
+    const auto counter = [&](const QString& name, const QString& caption) {
+        QLabel* value = valueLabel(name, caption);
+        value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        value->setMinimumWidth(90);
+        value->setText(QStringLiteral("0"));
+        grid->addWidget(new QLabel(caption), line, 0);
+        grid->addWidget(value, line, 1);
+        ++line;
+        return value;
+    };
+    m_allSheets = counter(QStringLiteral("OsszesInput"), QStringLiteral("Összes input rekord:"));
+    m_periodSheets =
+        counter(QStringLiteral("IdoszakInput"), QStringLiteral("Input rekord az adott időszakban: "));
+    m_records = counter(QStringLiteral("Output"), QStringLiteral("Output rekord:"));
+    m_procedures = counter(QStringLiteral("OsszesBeavatkozas"), QStringLiteral("Összes beavatkozás (db):"));
+
+    m_stage = valueLabel(QStringLiteral("Allapot"), QStringLiteral("Állapot"));
+    m_percent = valueLabel(QStringLiteral("Szazalek"), QStringLiteral("Százalék"));
+    m_percent->setAlignment(Qt::AlignRight);
+    m_bar = new QProgressBar;
+    m_bar->setObjectName(QStringLiteral("Folyamat"));
+    m_bar->setAccessibleName(QStringLiteral("A feldolgozás állása"));
+    m_bar->setRange(0, barSteps);
+    m_bar->setValue(0);
+    m_bar->setTextVisible(false);
+    m_selected = valueLabel(QStringLiteral("Levalogatott"), QStringLiteral("Leválogatott adatlapok"));
+    m_selected->setMinimumWidth(70);
+    auto* captions = new QHBoxLayout;
+    captions->addWidget(m_stage, 1);
+    captions->addWidget(m_percent);
+    auto* bar = new QGridLayout;
+    bar->addLayout(captions, 0, 0);
+    bar->addWidget(m_bar, 1, 0);
+    bar->addWidget(m_selected, 1, 1);
+    bar->setColumnStretch(0, 1);
+    grid->setRowMinimumHeight(line++, 6);
+    grid->addLayout(bar, line, 0, 1, 3);
+    grid->setColumnStretch(2, 1);
+    return panel;
+}
+
+void levForm::setButtonsEnabled(bool enabled) {
+    m_run->setEnabled(enabled);
+    m_choose->setEnabled(enabled);
+}
+
+void levForm::run() {
+    if (m_running) return;
+    m_running = true;
+    m_closeWished = false;
+    setButtonsEnabled(false);
+    const ReportOutcome outcome =
+        runReport(station(), {m_mode, m_from->value(), m_to->value(), m_settlement->value()}, *this);
+    m_running = false;
+    m_hint->clear();
+    using Result = ReportOutcome::Result;
+    switch (outcome.result) {
+    case Result::refused:
+        setButtonsEnabled(true);
+        // All three checks lead back to the from-field.
+        SelectAll(m_from);
+        break;
+    case Result::notBuilt:
+    case Result::notStarted:
+        setButtonsEnabled(true);
+        m_run->setFocus();
+        break;
+    case Result::broken:
+        // The wait cursor and the closed fields stay as the fault found them: wanted, the run is not over
+        // until the marks are released or the run is started again.
+        setButtonsEnabled(true);
+        m_run->setFocus();
+        break;
+    case Result::noData:
+        setButtonsEnabled(true);
+        SelectAll(m_from);
+        break;
+    case Result::writerEnded:
+        // One report an opening: for another one the screen is closed and opened again.
+        m_from->setEnabled(false);
+        m_to->setEnabled(false);
+        unsetCursor();
+        break;
+    }
+}
+
+void levForm::started() {
+    setCursor(Qt::WaitCursor);
+    for (MaskedField* field : {m_from, m_to, m_settlement})
+        field->setEnabled(false);
+}
+
+void levForm::noData() {
+    unsetCursor();
+    m_from->setEnabled(true);
+    m_to->setEnabled(true);
+}
+
+void levForm::selectedSheets(qint64 sheets) {
+    m_periodSheets->setText(QString::number(sheets));
+    m_selected->setText(QString::number(sheets));
+}
+
+void levForm::outputRecords(qint64 records) {
+    m_records->setText(QString::number(records));
+}
+
+void levForm::procedures(qint64 positions) {
+    m_procedures->setText(QString::number(positions));
+}
+
+void levForm::moved(const QString& stage, qint64 position, qint64 total) {
+    const double share = total > 0 ? static_cast<double>(position) / static_cast<double>(total) : 1.0;
+    m_stage->setText(stage + QString::number(position));
+    m_percent->setText(format::percent(share * 100.0));
+    m_bar->setValue(static_cast<int>(share * barSteps));
+}
+
+void levForm::chooseTarget() {
+    auto* picker = new openform(station(), this, QStringLiteral("1"),
+                                [form = QPointer<levForm>(this)](const QString&, const VolumeTexts& texts) {
+                                    if (form != nullptr) form->targetChosen(texts);
+                                });
+    connect(picker, &WorkForm::closed, picker, &QObject::deleteLater);
+    picker->open();
+}
+
+void levForm::targetChosen(const VolumeTexts& texts) {
+    m_target->setText(station().reportTarget);
+    m_drive->setText(texts.drive);
+    m_total->setText(texts.total);
+    m_free->setText(texts.free);
+}
+
+void levForm::closeEvent(QCloseEvent* event) {
+    if (m_running) {
+        m_closeWished = true;
+        m_hint->setText(QStringLiteral("A leválogatás fut, kérem várjon, amíg befejeződik!"));
+    }
+    if (m_running || !isEnabled()) {
+        event->ignore();
+        return;
+    }
+    WorkForm::closeEvent(event);
+}
+
+void levForm::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        WorkForm::keyPressEvent(event);
+}
+
+} // namespace vandrel
