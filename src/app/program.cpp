@@ -1,15 +1,106 @@
 #include "app/program.h"
 
+#include "app/application.h"
+#include "foundation/forms/box_dialogue.h"
+#include "foundation/forms/frmAbout.h"
 #include "foundation/forms/window_helpers.h"
+#include "foundation/start_checks.h"
+#include "platform/code_page.h"
+#include "platform/single_instance.h"
+#include "settings/forms/gepazonform.h"
+#include "settings/forms/intad.h"
+#include "settings/forms/kornyform.h"
 
-#include <QApplication>
+#include <QDir>
 
 namespace vandrel {
 
+namespace {
+
+// One line for each menu entry whose screen is built; entries without a line stand disabled in the menu. The
+// entry brings the code and the titles that the form is steered by.
+struct Wiring {
+    const char* menu;
+    void (*open)(Program& program, const MenuEntry& entry);
+};
+
+template<class Form>
+void openPlain(Program& program, const MenuEntry&) {
+    program.openForm<Form>();
+}
+
+constexpr Wiring wirings[] = {
+    {"int", openPlain<intad>},
+    {"gepazon", openPlain<gepazonform>},
+    {"nevj", openPlain<frmAbout>},
+};
+
+} // namespace
+
+Program::Program(Workstation& station, std::function<bool()> otherInstanceRuns)
+    : m_station(station), m_otherInstanceRuns(std::move(otherInstanceRuns)) {
+    m_station.statusNote = &m_statusWindow;
+    if (!m_station.serveEvents) m_station.serveEvents = [] { QCoreApplication::processEvents(); };
+    m_mainWindow = std::make_unique<tetindul>(
+        m_station, tetindul::Surroundings{m_otherInstanceRuns, [this] { end(); }, applySeeThrough});
+    wire();
+}
+
+Program::~Program() {
+    delete m_form;
+    m_station.statusNote = nullptr;
+}
+
+void Program::wire() {
+    for (const Wiring& wiring : wirings) {
+        const MenuEntry* entry = menuEntry(wiring.menu);
+        m_mainWindow->setOpener(QString::fromLatin1(wiring.menu),
+                                [this, entry, open = wiring.open] { open(*this, *entry); });
+    }
+    m_mainWindow->setClockOpener([this] { openForm<kornyform>(); });
+}
+
+bool Program::start() {
+    code_page::requireCodec();
+    if (!examineDataFiles(m_station)) return false;
+    m_mainWindow->load();
+    m_mainWindow->show();
+    return true;
+}
+
+void Program::adopt(WorkForm* form) {
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    m_form = form;
+    form->open();
+}
+
+void Program::end() {
+    m_ended = true;
+    QCoreApplication::exit(0);
+}
+
 int runProgram(int argc, char** argv) {
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     prepareApplication(application);
-    return 0;
+    // The folder of the executable is the program's folder: data files are named alone in places.
+    const QString folder = QCoreApplication::applicationDirPath();
+    QDir::setCurrent(folder);
+
+    BoxDialogue dialogue;
+    application.showFaultsIn(dialogue);
+    const SystemClock clock;
+    ArjPacker packer;
+    Workstation station(folder, dialogue, clock, packer);
+    const SingleInstance instance;
+    try {
+        Program program(station, [&instance] { return instance.otherRuns(); });
+        if (!program.start()) return 1;
+        return QCoreApplication::exec();
+    } catch (const Fault& fault) {
+        // Raised before the event loop could show it.
+        dialogue.tell(fault.text(), QStringLiteral("Hiba"));
+        return 1;
+    }
 }
 
 } // namespace vandrel

@@ -1,7 +1,59 @@
-// The running program: the Workstation with its real dialogue, and every form with its opener.
+// The running program: the main window and every form with its opener. It alone knows all forms; what it runs
+// on (folder, clock, dialogue, whether another instance runs) is given to it, so that the tests and the
+// demonstration drive the very same windows.
 #pragma once
 
+#include "foundation/forms/tetindul.h"
+#include "foundation/forms/work_form.h"
+#include "foundation/workstation.h"
+#include "settings/forms/nemform.h"
+
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+
 namespace vandrel {
+
+class Program {
+  public:
+    // otherInstanceRuns is asked at every activation of the main window.
+    Program(Workstation& station, std::function<bool()> otherInstanceRuns);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    // Examines the data files and shows the main window. False: the program cannot run, the user has been
+    // told why. Faults pass through.
+    bool start();
+
+    Workstation& station() { return m_station; }
+    tetindul& mainWindow() { return *m_mainWindow; }
+    nemform& statusWindow() { return m_statusWindow; }
+    // The working form that stands, or null.
+    WorkForm* currentForm() const { return m_form; }
+    bool ended() const { return m_ended; }
+
+    // For the table of openers: makes a form, opens it before the main window and forgets it when it closes.
+    template<class Form>
+    Form& openForm() {
+        auto* form = new Form(m_station, m_mainWindow.get());
+        adopt(form);
+        return *form;
+    }
+
+  private:
+    void wire();
+    void adopt(WorkForm* form);
+    void end();
+
+    Workstation& m_station;
+    nemform m_statusWindow;
+    std::unique_ptr<tetindul> m_mainWindow;
+    std::function<bool()> m_otherInstanceRuns;
+    QPointer<WorkForm> m_form;
+    bool m_ended = false;
+};
 
 // Runs the program in the folder of its executable; gives the process's exit code.
 int runProgram(int argc, char** argv);

@@ -59,17 +59,25 @@ std::string createTable(const catalogue::Table& table) {
     return sql;
 }
 
-constexpr std::pair<const char*, const char*> setupKeys[] = {
+struct SetupKey {
+    const char* section;
+    const char* key;
+    const char* value = "";
+};
+
+// A line that was added takes its next character from BEAV_TIP: without a value there the clerk would have to
+// type it on every line.
+constexpr SetupKey setupKeys[] = {
     {"VENY", "TOP"},
     {"VENY", "LEFT"},
-    {"ADATLAP_DEF", "BEAV_TIP"},
-    {"ADATLAP_DEF", "FT_EL"},
-    {"ELSZNYILNYOM", "MERET"},
+    {"ADATLAP_DEF", "BEAV_TIP", "A"},
+    {"ADATLAP_DEF", "FT_EL", "0"},
+    {"ELSZNYILNYOM", "MERET", "A4"},
     {"FRISSITES", "URL"},
-    {"FRISSITES", "PROXY_ENG"},
+    {"FRISSITES", "PROXY_ENG", "0"},
     {"FRISSITES", "PROXY_NEV"},
     {"FRISSITES", "PROXY_PORT"},
-    {"ZEKA", "SZINK"},
+    {"ZEKA", "SZINK", "0"},
     {"ZEKA", "ELERES"},
     {"ZEKA", "DEF_SZOLG"},
     {"KJELO", "Login"},
@@ -159,8 +167,8 @@ QStringList createProgramFolder(const QString& folder) {
     const QString setup = QDir(folder).filePath(QStringLiteral("setup.ini"));
     if (!QFileInfo::exists(setup)) {
         const IniFile ini(setup);
-        for (const auto& [section, key] : setupKeys)
-            ini.setValue(QLatin1String(section), QLatin1String(key), {});
+        for (const auto& [section, key, value] : setupKeys)
+            ini.setValue(QLatin1String(section), QLatin1String(key), QLatin1String(value));
         made << QStringLiteral("setup.ini");
     }
     return made;

@@ -122,4 +122,11 @@ int weekOf(QDate date, QDate today) {
     return static_cast<int>(weeks) + 1;
 }
 
+QString workstationLabel(Workstation& station) {
+    Query row =
+        station.files[DataFile::tetdata].query("select Gepazon from Gepazonosito order by rowid limit 1");
+    const QString label = row.next() ? row.text(0) : QString();
+    return label.trimmed().isEmpty() ? QString() : label;
+}
+
 } // namespace vandrel

@@ -45,5 +45,7 @@ void feeCategoryText(const QString& code, QString& text);
 // year is week 1, weeks begin on Monday. A date of another year gives a number outside 1..53 (0 and less
 // for earlier years), and that is wanted.
 int weekOf(QDate date, QDate today);
+// The label that begins every sheet key given on this workstation; empty when there is none.
+QString workstationLabel(Workstation& station);
 
 } // namespace vandrel

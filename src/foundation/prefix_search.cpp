@@ -1,11 +1,14 @@
 // Three roads to the same row: an index over the first characters for short texts, a range of the column's
-// index for longer ones, and a plain walk for letters that the engine cannot fold.
+// index for longer ones, and the ranges of a letter's forms for letters that the engine cannot fold.
 #include "foundation/prefix_search.h"
 
 #include "foundation/catalogue.h"
 #include "platform/text_compare.h"
 
+#include <QStringList>
+
 #include <algorithm>
+#include <iterator>
 
 namespace vandrel {
 
@@ -16,26 +19,42 @@ std::string quoted(std::string_view name) {
     return '[' + std::string(name) + ']';
 }
 
-bool plainAscii(const QString& text) {
-    return std::ranges::all_of(text, [](QChar c) { return c.unicode() >= 0x20 && c.unicode() < 0x7f; });
+// Behind every text that begins so; nothing that people type sorts behind U+10FFFF.
+QString behind(const QString& text) {
+    return text + QString::fromUcs4(U"\U0010FFFF", 1);
 }
 
-std::optional<qint64> walk(Database& database, const std::string& from, const std::string& column,
-                           const QString& text) {
-    Query rows = database.query("select rowid, " + column + from + " order by rowid");
-    while (rows.next())
-        if (startsWithText(rows.text(1), text)) return rows.integer(0);
-    return std::nullopt;
+// The engine folds only the letters of English: a text with any other letter is looked for in the ranges of
+// that letter's forms, and each row found there is compared by the program itself.
+std::optional<qint64> firstByForms(Database& database, const std::string& sql, const QString& text,
+                                   qsizetype letterAt) {
+    const QString head = text.left(letterAt);
+    const QString letter = text.mid(letterAt, text[letterAt].isHighSurrogate() ? 2 : 1);
+    QStringList forms = {letter, letter.toLower(), letter.toUpper()};
+    forms.removeDuplicates();
+    std::optional<qint64> first;
+    for (const QString& form : forms) {
+        Query rows = database.query(sql, head + form, behind(head + form));
+        while (rows.next())
+            if ((!first || rows.integer(0) < *first) && startsWithText(rows.text(1), text))
+                first = rows.integer(0);
+    }
+    return first;
 }
 
 } // namespace
 
 std::optional<qint64> firstRowStartingWith(Database& database, std::string_view table,
                                            std::string_view column, const QString& text) {
-    if (text.isEmpty()) return std::nullopt;
+    // No column holds a zero character, and the engine would end the text there.
+    if (text.isEmpty() || text.contains(QChar(u'\0'))) return std::nullopt;
     const std::string name = quoted(column);
     const std::string from = " from " + quoted(table);
-    if (!plainAscii(text)) return walk(database, from, name, text);
+    const std::string range = " where " + name + ">=?1 collate nocase and " + name + "<?2 collate nocase";
+    const auto foreign = std::ranges::find_if(text, [](QChar c) { return c.unicode() > 0x7f; });
+    if (foreign != text.end())
+        return firstByForms(database, "select rowid, " + name + from + range, text,
+                            std::distance(text.begin(), foreign));
     if (text.size() <= catalogue::typedAheadLength) {
         // Equal entries of the index lie in the table's order: the first is the answer. Without the index the
         // engine walks the table and stops at the first.
@@ -45,11 +64,7 @@ std::optional<qint64> firstRowStartingWith(Database& database, std::string_view 
                            text);
         return first.next() ? std::optional(first.integer(0)) : std::nullopt;
     }
-    // Behind every text that begins so; nothing that people type sorts behind U+10FFFF.
-    const QString behind = text + QString::fromUcs4(U"\U0010FFFF", 1);
-    Query smallest = database.query("select min(rowid)" + from + " where " + name +
-                                        ">=?1 collate nocase and " + name + "<?2 collate nocase",
-                                    text, behind);
+    Query smallest = database.query("select min(rowid)" + from + range, text, behind(text));
     if (!smallest.next() || smallest.isNull(0)) return std::nullopt;
     return smallest.integer(0);
 }

@@ -1,6 +1,7 @@
 #include "sheet/counters.h"
 
 #include "foundation/format.h"
+#include "foundation/look_ups.h"
 #include "sheet/sheet_fields.h"
 
 #include <cmath>
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int labelLength = 3;
 constexpr int numberLength = 7;
+constexpr int keyLength = labelLength + numberLength;
 constexpr qint64 lastNumber = 9'999'999;
 
 QString lastKey(Workstation& station) {
@@ -53,13 +55,6 @@ void moveBehind(Workstation& station, const QString& key) {
 }
 
 } // namespace
-
-QString workstationLabel(Workstation& station) {
-    Query row =
-        station.files[DataFile::tetdata].query("select Gepazon from Gepazonosito order by rowid limit 1");
-    const QString label = row.next() ? row.text(0) : QString();
-    return label.trimmed().isEmpty() ? QString() : label;
-}
 
 QString nextRunningNumber(Workstation& station) {
     const QString key = lastKey(station);
@@ -113,15 +108,19 @@ void moveCounters(Workstation& station, const QString& key, const QString& unit,
 }
 
 void mendCounters(Workstation& station) {
+    QString last = lastKey(station);
     QString key = nextKey(station);
-    if (key.isEmpty() || !sheetStored(station, key)) return; // the normal start writes nothing
+    // Without a label the number is read behind the key's third digit and comes round again one day: such a
+    // key was given long ago, not by a broken store.
+    const auto lost = [&] {
+        return !key.isEmpty() && (key.size() == keyLength || key > last) && sheetStored(station, key);
+    };
+    if (!lost()) return; // the normal start writes nothing
     Transaction transaction(station.files[DataFile::tetdata]);
-    while (!key.isEmpty() && sheetStored(station, key)) {
+    while (lost()) {
         moveBehind(station, key);
-        const QString next = nextKey(station);
-        // Without a label the number is read behind the key's third digit and comes round again.
-        if (next <= key) break;
-        key = next;
+        last = key;
+        key = nextKey(station);
     }
     transaction.commit();
 }

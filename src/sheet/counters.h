@@ -8,9 +8,6 @@
 
 namespace vandrel {
 
-// The workstation's label as stored; empty when it is blank or not there.
-QString workstationLabel(Workstation& station);
-
 // The running number behind the last key, seven digits: characters 4 to 10 of the last key plus 1. Faults:
 // overflow behind 9999999, typeMismatch when those characters are no number.
 QString nextRunningNumber(Workstation& station);

@@ -72,6 +72,10 @@ std::optional<Patient> findPatientByPrefix(Workstation& station, const QString& 
     return patient;
 }
 
+bool registerHasPatients(Workstation& station) {
+    return station.files[DataFile::tetdata].query("select 1 from Paciensek limit 1").next();
+}
+
 std::optional<qint64> findPatientId(Workstation& station, const QString& taj) {
     Query row = station.files[DataFile::tetdata].query(
         "select ID from Paciensek where TAJ=?1 order by rowid limit 1", taj.trimmed());

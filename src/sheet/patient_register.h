@@ -18,6 +18,9 @@ struct Patient {
 // and sex are first characters; Null texts are empty.
 std::optional<Patient> findPatientByPrefix(Workstation& station, const QString& typed);
 
+// True when anybody is in the register: an empty one is not searched, so nothing typed is cleared for it.
+bool registerHasPatients(Workstation& station);
+
 // ID of the first patient with exactly this TAJ (trimmed; 0 for a Null ID), or nullopt.
 std::optional<qint64> findPatientId(Workstation& station, const QString& taj);
 

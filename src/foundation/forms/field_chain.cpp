@@ -1,11 +1,13 @@
 #include "foundation/forms/field_chain.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPalette>
 #include <QPlainTextEdit>
+#include <QScopedValueRollback>
 
 namespace vandrel {
 
@@ -33,6 +35,16 @@ bool passesNumeric(const QKeyEvent& event) {
 void SelectAll(QWidget* field) {
     field->setFocus(Qt::OtherFocusReason);
     if (auto* edit = qobject_cast<QLineEdit*>(field)) edit->selectAll();
+}
+
+FieldBehaviour pressOnEnter(QAbstractButton* button) {
+    FieldBehaviour behaviour;
+    behaviour.key = [button](int key) {
+        if (key != Qt::Key_Return) return false;
+        button->click();
+        return true;
+    };
+    return behaviour;
 }
 
 void FieldChain::add(QWidget* field, const FieldBehaviour& behaviour) {
@@ -101,13 +113,19 @@ bool FieldChain::eventFilter(QObject* watched, QEvent* event) {
             // A mouse press sets the cursor after this event: select behind it.
             if (reason == Qt::MouseFocusReason)
                 QMetaObject::invokeMethod(edit, &QLineEdit::selectAll, Qt::QueuedConnection);
-            else if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+            else if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
+                m_selectDue = edit;
                 QMetaObject::invokeMethod(
                     edit,
-                    [edit] {
+                    [this, edit] {
+                        // Keys typed ahead have been served before this: what they wrote must not be
+                        // selected, or the next key would write over it.
+                        if (m_selectDue != edit) return;
+                        m_selectDue = nullptr;
                         if (edit->hasFocus() && !edit->hasSelectedText()) edit->selectAll();
                     },
                     Qt::QueuedConnection);
+            }
         }
         return false;
     }
@@ -124,6 +142,7 @@ bool FieldChain::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress:
         // A key typed ahead of a check that gives the focus back belongs to nobody.
         if (!settle() && !field->hasFocus()) return true;
+        m_selectDue = nullptr;
         return keyPressed(field, *entry, static_cast<QKeyEvent*>(event));
     default:
         return false;
@@ -168,15 +187,30 @@ bool FieldChain::settle() {
         if (field == nullptr || m_blocked) continue;
         const Entry* entry = find(field);
         if (entry == nullptr || !entry->behaviour.leave || field->hasFocus()) continue;
-        m_checking = true;
-        const bool good = entry->behaviour.leave();
-        m_checking = false;
+        bool good = true;
+        {
+            // Also when the check raises a fault: later fields are checked all the same.
+            const QScopedValueRollback<bool> guard(m_checking, true);
+            good = entry->behaviour.leave();
+        }
         if (good || field == nullptr) continue;
         m_left.clear();
         kept = false;
         SelectAll(field);
     }
     return kept;
+}
+
+bool FieldChain::checkFocused() {
+    if (!settle()) return false;
+    QWidget* field = QApplication::focusWidget();
+    const Entry* entry = field != nullptr ? find(field) : nullptr;
+    if (entry == nullptr || !entry->behaviour.leave || m_blocked || m_checking) return true;
+    m_checking = true;
+    const bool good = entry->behaviour.leave();
+    m_checking = false;
+    if (!good) SelectAll(field);
+    return good && QApplication::focusWidget() == field;
 }
 
 } // namespace vandrel

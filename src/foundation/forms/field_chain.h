@@ -10,6 +10,7 @@
 #include <functional>
 #include <vector>
 
+class QAbstractButton;
 class QKeyEvent;
 
 namespace vandrel {
@@ -40,6 +41,9 @@ class FieldChain : public QObject {
 
     // Runs the leave checks that still wait for the event loop; false when one of them gave the focus back.
     bool settle();
+    // Runs them and the check of the field that has the focus now, for an action that takes the form's
+    // content or covers the field; false when one failed or sent the focus elsewhere.
+    bool checkFocused();
     // While blocked no leave check runs (the form is being cleared or closed).
     void blockChecks(bool blocked) { m_blocked = blocked; }
 
@@ -60,9 +64,13 @@ class FieldChain : public QObject {
 
     std::vector<Entry> m_entries;
     std::vector<QPointer<QWidget>> m_left; // fields whose leave check is due
+    QPointer<QWidget> m_selectDue;         // just got the focus; no key has been typed into it yet
     bool m_checking = false;
     bool m_blocked = false;
 };
+
+// For a button that stands in a chain: Enter presses it.
+FieldBehaviour pressOnEnter(QAbstractButton* button);
 
 // Focus to a field with its text selected.
 void SelectAll(QWidget* field);

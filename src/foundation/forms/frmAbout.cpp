@@ -35,11 +35,9 @@ frmAbout::frmAbout(Workstation& station, QWidget* opener) : WorkForm(station, op
     auto* info = new QPushButton(QStringLiteral("&Rendszerinformáció"));
     info->setObjectName(QStringLiteral("cmdSysInfo"));
     info->setAccessibleName(QStringLiteral("Rendszerinformáció"));
-    info->setAutoDefault(true);
     auto* good = new QPushButton(QStringLiteral("Rendben"));
     good->setObjectName(QStringLiteral("cmdOK"));
     good->setAccessibleName(good->text());
-    good->setAutoDefault(true);
     connect(info, &QPushButton::clicked, this, &frmAbout::showMachine);
     connect(good, &QPushButton::clicked, this, &frmAbout::close);
 

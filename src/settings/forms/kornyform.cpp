@@ -1,0 +1,66 @@
+#include "settings/forms/kornyform.h"
+
+#include "foundation/format.h"
+
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace vandrel {
+
+namespace {
+
+QLabel* valueLabel(const QString& name, const QString& label, const QString& value) {
+    auto* result = new QLabel(value);
+    result->setObjectName(name);
+    result->setAccessibleName(label + QLatin1Char(' ') + value);
+    QFont bold = result->font();
+    bold.setBold(true);
+    result->setFont(bold);
+    return result;
+}
+
+} // namespace
+
+kornyform::kornyform(Workstation& station, QWidget* opener) : WorkForm(station, opener) {
+    setObjectName(QStringLiteral("kornyform"));
+    setWindowTitle(QStringLiteral("Környezet"));
+    const QDateTime now = station.clock.now();
+
+    auto* box = new QGroupBox(QStringLiteral("Egyéb információk"));
+    auto* form = new QFormLayout(box);
+    form->setHorizontalSpacing(16);
+    const QString dateLabel = QStringLiteral("Dátum:");
+    form->addRow(dateLabel, valueLabel(QStringLiteral("datum"), dateLabel, format::shortDate(now.date())));
+    const QString timeLabel = QStringLiteral("Idő:");
+    form->addRow(timeLabel, valueLabel(QStringLiteral("ido"), timeLabel, format::longTime(now.time())));
+
+    auto* good = new QPushButton(QStringLiteral("Rendben"));
+    good->setObjectName(QStringLiteral("OK"));
+    good->setAccessibleName(good->text());
+    connect(good, &QPushButton::clicked, this, &kornyform::close);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(good);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(18, 16, 18, 12);
+    column->setSpacing(14);
+    column->addWidget(box);
+    column->addLayout(buttons);
+    setMinimumWidth(300);
+    good->setFocus();
+}
+
+void kornyform::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter)
+        close();
+    else
+        WorkForm::keyPressEvent(event);
+}
+
+} // namespace vandrel

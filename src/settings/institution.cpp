@@ -1,0 +1,130 @@
+#include "settings/institution.h"
+
+#include "platform/code_page.h"
+
+#include <array>
+
+namespace vandrel {
+
+namespace {
+
+struct Check {
+    QString InstitutionFields::*field;
+    const char* name;
+    int length;         // fewer characters than this are wrong
+    const char* status; // text of the status line
+    const char* box;    // text of the box, title "Hiba"
+};
+
+constexpr Check checks[] = {
+    {&InstitutionFields::Int_nev, "Int_nev", 1, " Hiba: Az intézet neve mező üresen maradt!", nullptr},
+    {&InstitutionFields::Gyogyi_kod, "Gyogyi_kod", 1,
+     " Hiba: Az intézet GYÓGYINFOK kódja mező üresen maradt!", nullptr},
+    {&InstitutionFields::Orv_kod, "Orv_kod", 1, " Hiba: Az ellátó orvos kódja mező üresen maradt!", nullptr},
+    {&InstitutionFields::Szakrend_kod, "Szakrend_kod", 1, " Hiba: A szakrendelő kódja mező üresen maradt!",
+     nullptr},
+    // The town is called the institution's name here; the text is kept on purpose.
+    {&InstitutionFields::City, "City", 1, " Hiba :Az intézet neve mező üresen maradt!", nullptr},
+    {&InstitutionFields::NBK_KOD, "NBK_KOD", 1, " Hiba: Az intézet NBK kódja mező üresen maradt!", nullptr},
+    // A short GYÓGYINFOK code stops the save without a word, and that is wanted.
+    {&InstitutionFields::Gyogyi_kod, "Gyogyi_kod", 4, nullptr, nullptr},
+    {&InstitutionFields::Orv_kod, "Orv_kod", 5, nullptr, "Hiba: az ellátó orvos kódja 5 jegyű!"},
+    {&InstitutionFields::Szakrend_kod, "Szakrend_kod", 9, nullptr, "Hiba: a szakrendelő kódja 9 jegyű!"},
+    {&InstitutionFields::NBK_KOD, "NBK_KOD", 4, nullptr, "Hiba: az intézet NBK kódja 4 jegyű!"},
+};
+
+QString masked(const QString& stored, const QString& emptyMask) {
+    const QString trimmed = stored.trimmed();
+    return trimmed.isEmpty() || trimmed == QLatin1String("0") ? emptyMask : stored;
+}
+
+// Whether setup.ini gives the value back as it was typed.
+bool keepsInSetup(const QString& value) {
+    if (value.size() > loginLength || value != value.trimmed()) return false;
+    if (code_page::toUnicode(code_page::fromUnicode(value)) != value) return false;
+    const bool quoted = value.size() >= 2 && value.front() == value.back() &&
+                        (value.front() == QLatin1Char('"') || value.front() == QLatin1Char('\''));
+    return !quoted && !value.contains(QLatin1Char('\n')) && !value.contains(QLatin1Char('\r'));
+}
+
+} // namespace
+
+InstitutionFields loadInstitution(Workstation& station) {
+    InstitutionFields result;
+    {
+        Query row =
+            station.files[DataFile::tetdata].query("select Int_nev, Gyogyi_kod, Orv_kod, Szakrend_kod, irsz, "
+                                                   "City, cim, Bankszamla, Adoig_szam, NBK_KOD "
+                                                   "from intezet order by rowid");
+        if (row.next()) {
+            result.Int_nev = row.text(0);
+            result.Gyogyi_kod = row.text(1);
+            result.Orv_kod = row.text(2);
+            result.Szakrend_kod = row.text(3);
+            result.irsz = row.text(4).trimmed();
+            result.City = row.text(5);
+            result.cim = row.text(6).trimmed();
+            result.Bankszamla = row.text(7);
+            result.Adoig_szam = row.text(8);
+            result.NBK_KOD = row.text(9);
+        }
+    }
+    result.Bankszamla = masked(result.Bankszamla, emptyAccount);
+    result.Adoig_szam = masked(result.Adoig_szam, emptyTaxNumber);
+    result.Login = station.setup.value(QStringLiteral("KJELO"), QStringLiteral("Login"));
+    result.Password = station.setup.value(QStringLiteral("KJELO"), QStringLiteral("Password"));
+    return result;
+}
+
+InstitutionFault checkInstitutionFields(const InstitutionFields& fields) {
+    for (const Check& check : checks)
+        if ((fields.*check.field).trimmed().size() < check.length)
+            return {QLatin1String(check.name), QString::fromUtf8(check.status), QString::fromUtf8(check.box)};
+    const QString box =
+        QStringLiteral("Hiba: %1 nem tárolható! Legfeljebb 39 betű lehet, idézőjelek és szélső "
+                       "szóközök nélkül, a magyar kódlap betűivel.");
+    if (!keepsInSetup(fields.Login))
+        return {QStringLiteral("Login"), {}, box.arg(QStringLiteral("a bejelentkező név"))};
+    if (!keepsInSetup(fields.Password))
+        return {QStringLiteral("Password"), {}, box.arg(QStringLiteral("a jelszó"))};
+    return {};
+}
+
+void storeInstitution(Workstation& station, const InstitutionFields& fields) {
+    Database& data = station.files[DataFile::tetdata];
+    Transaction transaction(data);
+    if (!data.query("select 1 from intezet").next())
+        data.execute("insert into intezet (Int_nev) values ('')");
+    const QString street = fields.cim.trimmed();
+    data.execute("update intezet set Int_nev=?1, Gyogyi_kod=?2, Orv_kod=?3, Szakrend_kod=?4, irsz=?5, "
+                 "City=?6, cim=?7, "
+                 "Bankszamla=?8, Adoig_szam=?9, NBK_KOD=?10 where rowid=(select min(rowid) from intezet)",
+                 fields.Int_nev.trimmed(), fields.Gyogyi_kod.trimmed(), fields.Orv_kod.trimmed(),
+                 fields.Szakrend_kod.trimmed(), fields.irsz.trimmed(), fields.City.trimmed(),
+                 street.isEmpty() ? QStringLiteral(" ") : street, fields.Bankszamla, fields.Adoig_szam,
+                 fields.NBK_KOD.trimmed());
+    transaction.commit();
+}
+
+void storeLogin(Workstation& station, const InstitutionFields& fields) {
+    station.setup.setValue(QStringLiteral("KJELO"), QStringLiteral("Login"), fields.Login);
+    station.setup.setValue(QStringLiteral("KJELO"), QStringLiteral("Password"), fields.Password);
+}
+
+bool storeWorkstationLabel(Workstation& station, const QString& label) {
+    if (label.trimmed().isEmpty()) {
+        station.dialogue.tell(QStringLiteral("Nem maradhat üresen a gépazonosító mező!"),
+                              QStringLiteral("Figyelmeztetés"));
+        return false;
+    }
+    Database& data = station.files[DataFile::tetdata];
+    Transaction transaction(data);
+    if (!data.query("select 1 from Gepazonosito").next())
+        data.execute("insert into Gepazonosito (Gepazon) values ('')");
+    data.execute("update Gepazonosito set Gepazon=?1 where rowid=(select min(rowid) from Gepazonosito)",
+                 label.trimmed());
+    transaction.commit();
+    return true;
+}
+
+} // namespace vandrel

@@ -1,0 +1,44 @@
+// The institution the program runs for, its login at the online check, and the workstation's label: loading,
+// checking and storing. Knows no window.
+#pragma once
+
+#include "foundation/workstation.h"
+
+#include <QString>
+
+namespace vandrel {
+
+// As the texts stand on the form; account and tax number are the masks' texts.
+struct InstitutionFields {
+    QString Int_nev, Gyogyi_kod, Orv_kod, Szakrend_kod, irsz, City, cim, Bankszamla, Adoig_szam, NBK_KOD;
+    QString Login, Password; // from setup.ini, at most 39 characters
+};
+
+inline const QString emptyAccount = QStringLiteral("        -        -        ");
+inline const QString emptyTaxNumber = QStringLiteral("        - -  ");
+inline constexpr int loginLength = 39; // what a read buffer of 40 characters holds
+
+// Null texts are empty. Account and tax number are the empty masks when they are empty, Null or "0".
+InstitutionFields loadInstitution(Workstation& station);
+
+// What a check found: a text for the status line, or a box with its title; both empty when the save stops
+// without a word.
+struct InstitutionFault {
+    QString field; // objectName; empty: nothing is wrong
+    QString status;
+    QString box;
+};
+// The checks in their order; every one tests the trimmed text.
+InstitutionFault checkInstitutionFields(const InstitutionFields& fields);
+
+// Edits the row or adds it. Plain texts are stored trimmed, an empty street as one blank. Faults of the data
+// file pass through with nothing written.
+void storeInstitution(Workstation& station, const InstitutionFields& fields);
+// Writes Login and Password; faults of the file pass through.
+void storeLogin(Workstation& station, const InstitutionFields& fields);
+
+// Edits the row or adds it. False, with the message shown and nothing written, for an empty label. Keys that
+// were given stay as they are.
+bool storeWorkstationLabel(Workstation& station, const QString& label);
+
+} // namespace vandrel

@@ -1,0 +1,72 @@
+// The groups of the visit itself: unit and referral, care, fee, diagnoses, correction; with the rules that
+// bind their fields to each other.
+#pragma once
+
+#include "sheet/forms/form_group.h"
+
+#include <functional>
+
+class QPushButton;
+
+namespace vandrel {
+
+class SheetDesk;
+
+// A date field's calendar button asks for the month picker.
+using OpenCalendar = std::function<void(const QString& field)>;
+// The dictionary for a table code of tetad_kieg1.
+using OpenDictionary = std::function<void(int tableCode)>;
+
+inline constexpr int leftLabelWidth = 156;
+inline constexpr int rightLabelWidth = 200;
+
+QPushButton* makeCalendarButton(SheetDesk& desk, const QString& field, const OpenCalendar& open);
+
+class UnitFrame : public FormGroup {
+    Q_OBJECT
+
+  public:
+    UnitFrame(SheetDesk& desk, QWidget* parent);
+
+  private:
+    bool unitLeft(); // doctor and journal number follow the unit of a new sheet
+
+    SheetDesk& m_desk;
+};
+
+class CareFrame : public FormGroup {
+    Q_OBJECT
+
+  public:
+    CareFrame(SheetDesk& desk, const OpenCalendar& calendar, QWidget* parent);
+};
+
+class FeeFrame : public FormGroup {
+    Q_OBJECT
+
+  public:
+    FeeFrame(SheetDesk& desk, QWidget* parent);
+
+  private:
+    void showCategory(); // the partial fee is there for "0R" only
+
+    SheetDesk& m_desk;
+    QLabel* m_categoryLabel;
+    QLabel* m_currency;
+};
+
+class DiagnosesFrame : public FormGroup {
+    Q_OBJECT
+
+  public:
+    DiagnosesFrame(SheetDesk& desk, const OpenDictionary& dictionary, QWidget* parent);
+};
+
+class CorrectionFrame : public FormGroup {
+    Q_OBJECT
+
+  public:
+    CorrectionFrame(SheetDesk& desk, const OpenCalendar& calendar, QWidget* parent);
+};
+
+} // namespace vandrel

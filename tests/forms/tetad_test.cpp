@@ -1,0 +1,303 @@
+// A sheet is typed as a clerk types it: keys only, from the unit field to the store, and found in the tables.
+#include "foundation/format.h"
+#include "support/sheet_screen.h"
+
+using namespace Qt::StringLiterals;
+
+namespace vandrel::test {
+
+namespace {
+
+const QString storedQuestion = QStringLiteral("Adatok eltárolása megtörtént!\nKíván új beteget rögzíteni?");
+const QString registerQuestion =
+    QStringLiteral("Ilyen TAJ számú beteg nincs a Páciens törzsben!\nKivánja most rögzíteni?");
+
+// From the patient's type on to the birth date of somebody who is not in the register.
+void typeNewPatient(SheetScreen& screen) {
+    enter(u"1"_s);
+    enter(u"Ősz Ödön"_s);
+    enter(u"1012"_s);
+    enter();
+    enter(u"Kő köz 3."_s);
+    enter();
+    enter(u"Tóth Ilona"_s);
+    enter();
+    enter();
+    enter();
+    EXPECT_EQ(focusedName(), u"F_datum"_s);
+    enter();
+    enter();
+    enter(u"1"_s);
+    enter(u"19580704"_s);
+    EXPECT_EQ(focusedName(), u"Terites"_s);
+    Q_UNUSED(screen);
+}
+
+} // namespace
+
+TEST(Tetad, NewSheetStandsOnTheForm) {
+    SheetScreen screen;
+    screen.open();
+    EXPECT_EQ(focusedName(), u"Szakrend"_s);
+    EXPECT_EQ(screen.label("Azonosito"), u"A010000042"_s);
+    EXPECT_EQ(screen.label("modszoveg"), QString());
+    EXPECT_EQ(screen.label("ma"), u"2008.04.03."_s);
+    const std::pair<const char*, const char16_t*> defaults[] = {
+        {"Szakrend", u""},
+        {"Naplo", u"1"},
+        {"Szem_szam", u""},
+        {"Allampol_rov", u"HUN"},
+        {"F_datum", u"2008.04.03."},
+        {"F_ido", u"14:05"},
+        {"Terites", u"01"},
+        {"Baleset", u"00"},
+        {"Ell_tip", u"1"},
+        {"Tova", u"0"},
+        {"EU_LAP", u"0"},
+        {"ElszNyil", u"10"},
+        {"VizDijOsszeg", u"0"},
+        {"Termen", u"0"},
+        {"MENNY", u"1"},
+        {"BeavJelleg", u"V"},
+        {"Jav", u"0"},
+        {"Enaplo", u"0"},
+        {"Edatum", u"    .  .  ."},
+        {"Labor", u"0"},
+        {"Recept", u"0"},
+    };
+    for (const auto& [name, value] : defaults)
+        EXPECT_EQ(screen.text(name), QString::fromUtf16(value)) << name;
+    EXPECT_FALSE(screen.visible("Felh1"));
+    for (QLineEdit* edit : screen.form.findChildren<QLineEdit*>())
+        if (!edit->objectName().startsWith("qt_"_L1) && !edit->objectName().startsWith("Felh"_L1))
+            EXPECT_NE(edit->accessibleName(), QString()) << edit->objectName();
+}
+
+TEST(Tetad, EnterFollowsTheOrderOfEntry) {
+    SheetScreen screen;
+    screen.open();
+    type(u"010000001"_s);
+    QStringList order{focusedName()};
+    for (int i = 0; i < 60 && focusedName() != "BEAV"_L1; ++i) {
+        if (focusedName() == "Anyja_neve"_L1) type(u"X"_s);
+        if (focusedName() == "Szul_dat"_L1) type(u"19600101"_s);
+        if (focusedName() == "Terites"_L1) type(u"0R"_s);
+        if (focusedName().startsWith("Diag"_L1) && focusedName() != "Diag5"_L1) type(u"I10H0"_s);
+        press(Qt::Key_Return);
+        order.append(focusedName());
+    }
+    EXPECT_EQ(
+        order.join(u' '),
+        u"Szakrend Orvkod Igenylo BeutOrvos BeutIndok BeutaloKelte Naplo Szem_szam Azon_tipus Neve Irszam "
+        "City Cim Allampol_rov Anyja_neve Leanykori_neve KgySzam KgyLe F_datum F_ido Nem Szul_dat Terites "
+        "TerReszlDij Baleset Ell_tip Tova EU_LAP ElszNyil VizitDij VizDijOsszeg VizitdijFizMod Diag1 Diag2 "
+        "Diag3 Diag4 Diag5 BEAV"_s);
+    press(Qt::Key_Up);
+    EXPECT_EQ(focusedName(), u"Diag5"_s);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    EXPECT_EQ(focusedName(), u"MENNY"_s);
+    press(Qt::Key_Up);
+    EXPECT_EQ(focusedName(), u"BEAV"_s);
+    // Without the category "0R" there is no part fee on the way; an empty second diagnosis ends the list.
+    screen.go("Terites");
+    enter(u"01"_s);
+    EXPECT_EQ(focusedName(), u"Baleset"_s);
+    screen.go("Diag2");
+    press(Qt::Key_Delete);
+    press(Qt::Key_Return);
+    EXPECT_EQ(focusedName(), u"BEAV"_s);
+    screen.go("Diag2");
+    press(Qt::Key_Down);
+    EXPECT_EQ(focusedName(), u"Diag3"_s);
+    screen.go("MENNY");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focusedName(), u"BeavJelleg"_s);
+    screen.go("VizDijOsszeg");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focusedName(), u"Termen"_s);
+    press(Qt::Key_Return);
+    EXPECT_EQ(focusedName(), u"VizitdijFizMod"_s);
+}
+
+TEST(Tetad, WholeSheetIsTypedAndStoredWithoutMouse) {
+    SheetScreen screen;
+    screen.open();
+    enter(u"010000001"_s);
+    EXPECT_EQ(screen.text("Orvkod"), u"11111"_s);
+    EXPECT_EQ(screen.text("Naplo"), u"13"_s);
+    enter();
+    enter(u"090012345"_s);
+    enter(u"54321"_s);
+    enter();
+    enter(u"20080401"_s);
+    enter();
+    enter(u"111111110"_s);
+    typeNewPatient(screen);
+    enter(u"0R"_s);
+    enter(u"1500"_s);
+    for (int i = 0; i < 5; ++i) // accident, care, onward, EU, statement
+        enter();
+    enter(); // the fee code becomes "01"
+    enter(u"300"_s);
+    enter(u"01"_s);
+    EXPECT_EQ(focusedName(), u"Diag1"_s);
+    enter(u"i10h0"_s);
+    EXPECT_EQ(screen.label("Diag1_nev"), u"Magas vérnyomás"_s);
+    enter();
+    EXPECT_EQ(focusedName(), u"BEAV"_s);
+    enter(u"11041"_s); // adds the line at once
+    EXPECT_EQ(focusedName(), u"BEAV"_s);
+    type(u"42400"_s);
+    press(Qt::Key_Down);
+    enter(u"3"_s);
+    EXPECT_EQ(focusedName(), u"BEAV"_s);
+    press(Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(focusedName(), u"Labor"_s);
+    enter(u"2"_s);
+    for (int i = 0; i < 5; ++i)
+        enter();
+    EXPECT_EQ(focusedName(), u"Recept"_s);
+    enter(u"4"_s);
+    enter();
+    enter(); // the last field of the frame: back to the sheet
+    EXPECT_EQ(focusedName(), u"BEAV"_s);
+    press(Qt::Key_N, Qt::ControlModifier);
+    type(u"Első sor őű"_s);
+    press(Qt::Key_Return);
+    type(u"második"_s);
+    press(Qt::Key_Escape);
+    screen.dialogue.expectQuestion(registerQuestion, Answer::yes, u"Kérdés"_s);
+    screen.dialogue.expectQuestion(storedQuestion, Answer::yes);
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(screen.dialogue.allShown());
+
+    EXPECT_EQ(
+        firstText(screen.setUp.data(),
+                  "select AZONOSITO||'|'||SZAKREND||'|'||ORVKOD||'|'||IGENYLO||'|'||BeutOrvos||'|'||"
+                  "BeutaloKelte||'|'||NAPLO||'|'||SZEM_SZAM||'|'||PaciensId||'|'||TERITES||'|'||"
+                  "TerReszlDij||'|'||VizitDij||'|'||VizDijOsszeg||'|'||VizitdijFizMod||'|'||DIAG1||'|'||"
+                  "LABOR||'|'||RECEPT||'|'||F_DATUM||'|'||F_IDO||'|'||NOTE from BETEG"),
+        u"A010000042|010000001|11111|090012345|54321|2008.04.01.|13|111111110|8|0R|1500.0|01|300|01|I10H0"
+        "|2|4|2008.04.03.|14:05:00|Első sor őű\nmásodik"_s);
+    EXPECT_EQ(firstText(screen.setUp.data(), "select group_concat(BEAV||'*'||MENNY||BeavJelleg) from EUSZOLG "
+                                             "where Azonosito='A010000042'"),
+              u"11041*1V,42400*3V"_s);
+    EXPECT_EQ(
+        firstText(screen.setUp.data(),
+                  "select Neve||'|'||Irszam||'|'||City||'|'||Cim||'|'||Anyja_neve||'|'||Nem||'|'||Szul_Dat"
+                  " from Paciensek where TAJ='111111110'"),
+        u"Ősz Ödön|1012|Budapest 12|Kő köz 3.|Tóth Ilona|1|1958.07.04."_s);
+    // The next sheet stands there as a fresh one.
+    EXPECT_EQ(screen.label("Azonosito"), u"A010000043"_s);
+    EXPECT_EQ(focusedName(), u"Szakrend"_s);
+    EXPECT_EQ(screen.text("Szakrend"), u"010000001"_s);
+    EXPECT_EQ(screen.text("Naplo"), u"14"_s);
+    EXPECT_EQ(screen.text("Neve"), QString());
+    EXPECT_EQ(screen.text("Terites"), u"01"_s);
+    EXPECT_EQ(screen.form.fields().NOTE, QString());
+}
+
+TEST(Tetad, RefusedStoreGoesToTheField) {
+    SheetScreen screen;
+    screen.open();
+    screen.dialogue.expect(u"Lakcím-Város nincs kitöltve!"_s);
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(focusedName(), u"Irszam"_s);
+    // From inside the other data the frame makes way.
+    press(Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(focusedName(), u"Labor"_s);
+    screen.dialogue.expect(u"Lakcím-Város nincs kitöltve!"_s);
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(focusedName(), u"Irszam"_s);
+    EXPECT_FALSE(screen.visible("egyeb_keret"));
+    // A fault of the data file leaves everything as it is.
+    type(u"6720"_s);
+    screen.go("Szakrend");
+    enter(u"010000001"_s);
+    screen.go("Szem_szam");
+    type(u"123456788"_s);
+    screen.go("Azon_tipus");
+    screen.setUp.data().executeScript("create trigger stop before insert on BETEG begin select "
+                                      "raise(abort, 'nem megy'); end");
+    const SheetFields before = screen.form.fields();
+    screen.dialogue.expect(u"Az adatállomány hibát jelez (tetdata.mdb): nem megy"_s, u"Hiba"_s);
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(focusedName(), u"Azon_tipus"_s);
+    EXPECT_TRUE(screen.form.isVisible());
+    EXPECT_EQ(screen.form.fields().Neve, before.Neve);
+    EXPECT_EQ(firstText(screen.setUp.data(), "select count(*) from BETEG"), u"0"_s);
+}
+
+TEST(Tetad, LeavingKeepsTheLinesForTheNextSheet) {
+    SheetScreen screen;
+    screen.open();
+    screen.go("BEAV");
+    enter(u"11301"_s);
+    screen.go("Anyja_neve"); // empty and mandatory: no obstacle to going
+    press(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_FALSE(screen.form.isVisible());
+    screen.open();
+    EXPECT_EQ(screen.label("Azonosito"), u"A010000042"_s);
+    EXPECT_EQ(firstText(screen.setUp.data(), "select BEAV from EUSZOLG where Azonosito='A010000042'"),
+              u"11301"_s);
+    EXPECT_EQ(screen.form.findChild<QTableWidget*>(u"EUSZOLG"_s)->item(0, 0)->text(), u"11301"_s);
+}
+
+TEST(Tetad, CorrectionStaysOpenAndFollowsNoUnit) {
+    SheetScreen screen;
+    screen.open();
+    SheetFields fields = screen.form.fields();
+    fields.correction = true;
+    fields.Azonosito = u"A010000007"_s;
+    fields.Szakrend = u"999999999"_s; // no longer in the dictionary, and may stay
+    fields.Naplo = u"5"_s;
+    fields.Cim = QString(10000, u'x');
+    screen.form.setFields(fields);
+    screen.form.present();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(screen.label("modszoveg"), u"Javítás"_s);
+    EXPECT_EQ(focusedName(), u"Szakrend"_s);
+    press(Qt::Key_Return);
+    EXPECT_EQ(screen.text("Naplo"), u"5"_s);
+    EXPECT_EQ(screen.form.fields().Szakrend, u"999999999"_s);
+    EXPECT_EQ(screen.form.fields().Cim.size(), 10000);
+}
+
+TEST(Tetad, HostileTextIsKeptToTheLetter) {
+    SheetScreen screen;
+    screen.open();
+    screen.go("Szakrend");
+    enter(u"010000001"_s);
+    const QString hostile = u"O'Brien %_\"; <b>x</b> & 漢 'or 1=1--"_s;
+    screen.go("Szem_szam");
+    type(u"'%_<b>"_s);
+    screen.dialogue.expect(u"A TAJ számnak 9 számjegyűnek kell lennie !"_s, u"Hiba!"_s);
+    press(Qt::Key_Return);
+    enter(u"1"_s);
+    enter(hostile);
+    enter(u"6720"_s);
+    enter();
+    enter(hostile);
+    enter();
+    enter(hostile);
+    for (const char* name : {"Leanykori_neve", "KgySzam"}) {
+        EXPECT_EQ(focusedName(), QString::fromLatin1(name));
+        enter(hostile);
+    }
+    screen.go("Nem");
+    enter(u"2"_s);
+    enter(u"19600101"_s);
+    screen.go("Igenylo");
+    enter(u"'; drop"_s);
+    screen.dialogue.expectQuestion(registerQuestion, Answer::yes, u"Kérdés"_s);
+    screen.dialogue.expectQuestion(storedQuestion, Answer::no);
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(screen.form.isVisible());
+    EXPECT_EQ(
+        firstText(screen.setUp.data(), "select Neve||'|'||Anyja_neve||'|'||TAJ from Paciensek where ID=8"),
+        hostile + u'|' + hostile + u"|'%_<b>"_s);
+    EXPECT_EQ(firstText(screen.setUp.data(), "select IGENYLO from BETEG"), u"'; drop"_s);
+}
+
+} // namespace vandrel::test

@@ -1,0 +1,107 @@
+// The order of the checks of a store: each fault alone, and every pair of faults.
+#include "sheet/sheet_store.h"
+
+#include "foundation/format.h"
+#include "sheet_samples.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace vandrel::test {
+
+namespace {
+
+struct Case {
+    const char* field;
+    const char16_t* wrong;
+    const char16_t* message;
+    const char* focus = nullptr; // the field itself
+};
+
+// In the order of the checks.
+constexpr Case cases[] = {
+    {"Irszam", u" ", u"Lakcím-Város nincs kitöltve!"},
+    {"Szakrend", u"", u"Szakrendelés nincs kitöltve!"},
+    {"Szem_szam", u"  ", u"TAJ szám nincs kitöltve!"},
+    {"Naplo", u"", u"Hibás naplósorszám!"},
+    {"Azon_tipus", u"", u"Hibás azonosító típus!"},
+    {"Nem", u"", u"Nincs kitöltve a beteg neme!"},
+    {"Szul_dat", u"1970.02.30.", u"Hibás a születési dátum, kérem javítsa!"},
+    {"Szul_dat", u"    .  .  .", u"Születési dátum nincs kitöltve!"},
+    {"Terites", u"", u"Térítési kategória nincs kitöltve!"},
+    {"Terites", u"0R", u"Térítés részleges díja nincs kitöltve!", "TerReszlDij"},
+    {"Baleset", u"", u"Baleset mező nincs kitöltve!"},
+    {"Ell_tip", u"", u"Ellátás típusa nincs kitöltve!"},
+    {"Tova", u"", u"Továbbküldés nincs kitöltve!"},
+    {"Neve", u"", u"Beteg neve nincs kitöltve!"},
+    {"Anyja_neve", u"", u"Anyja neve nincs kitöltve!"},
+    {"Allampol_rov", u"", u"Állampolgárság nincs kitöltve!"},
+    {"F_ido", u"  :  ", u"Nem megfelelő az ellátási idő!"},
+    {"F_ido", u"14:5", u"Nem megfelelő az ellátási idő!"},
+    {"EU_LAP", u"1", u"Eu lap kitöltése helytelen!"},
+};
+
+void spoil(SheetFields& fields, const Case& fault) {
+    for (const SheetFieldName& name : sheetFieldNames())
+        if (std::string_view(name.name) == fault.field) name.of(fields) = QString::fromUtf16(fault.wrong);
+}
+
+void expectFault(Workstation& station, const SheetFields& fields, const Case& expected) {
+    const StoreFault fault = checkSheet(station, fields);
+    EXPECT_EQ(fault.message, QString::fromUtf16(expected.message));
+    EXPECT_EQ(fault.field.toStdString(), expected.focus != nullptr ? expected.focus : expected.field);
+    const bool titled = fault.message == u"Hibás a születési dátum, kérem javítsa!";
+    EXPECT_EQ(fault.title, titled ? u"Hiba!"_s : programTitle);
+}
+
+} // namespace
+
+TEST(SheetChecks, EachAloneAndTheEarlierOfTwo) {
+    LabelledStation station;
+    const SheetFields good = goodSheet(station.workstation);
+    EXPECT_EQ(checkSheet(station.workstation, good).message, QString());
+    for (const Case& first : cases) {
+        SCOPED_TRACE(first.field);
+        SheetFields one = good;
+        spoil(one, first);
+        expectFault(station.workstation, one, first);
+        for (const Case& second : cases) {
+            if (&second <= &first || std::string_view(second.field) == first.field) continue;
+            SCOPED_TRACE(second.field);
+            SheetFields two = one;
+            spoil(two, second);
+            expectFault(station.workstation, two, first);
+        }
+    }
+}
+
+TEST(SheetChecks, WhatPasses) {
+    LabelledStation station;
+    SheetFields fields = goodSheet(station.workstation);
+    fields.Terites = u"0R"_s;
+    fields.TerReszlDij = u"0"_s; // only an empty text fails
+    fields.EU_LAP = u"1"_s;
+    fields.BIZT_ORSZ = fields.CS_NEV = fields.KER_NEV = fields.BIZT_SZAM = u"x"_s;
+    fields.Szem_szam = u"123456789"_s; // a wrong TAJ may be stored
+    fields.Orvkod.clear();
+    fields.F_datum = format::emptyDate;
+    fields.F_ido = u"14: 5"_s; // five characters
+    ASSERT_EQ(station.count("EUSZOLG"), 0);
+    EXPECT_EQ(checkSheet(station.workstation, fields).message, QString());
+    fields.KER_NEV = u" "_s;
+    EXPECT_EQ(checkSheet(station.workstation, fields).field, u"EU_LAP"_s);
+}
+
+TEST(SheetChecks, RefusedStoreWritesNothing) {
+    LabelledStation station;
+    SheetFields fields = goodSheet(station.workstation);
+    fields.Neve.clear();
+    station.dialogue.expect(u"Beteg neve nincs kitöltve!"_s);
+    const StoreResult result = storeSheet(station.workstation, fields);
+    EXPECT_EQ(result.outcome, StoreOutcome::refused);
+    EXPECT_EQ(result.field, u"Neve"_s);
+    EXPECT_EQ(station.count("BETEG") + station.count("Paciensek"), 0);
+}
+
+} // namespace vandrel::test
