@@ -10,6 +10,7 @@
 #include "settings/forms/gepazonform.h"
 #include "settings/forms/intad.h"
 #include "settings/forms/kornyform.h"
+#include "sheet/sheet_fields.h"
 
 #include <QDir>
 
@@ -63,6 +64,12 @@ void Program::wire() {
 bool Program::start() {
     code_page::requireCodec();
     if (!examineDataFiles(m_station)) return false;
+    // Another instance may be in the middle of a store; this one ends in a moment anyway.
+    if (!m_otherInstanceRuns())
+        deliverShowingFaults(&m_station.dialogue, [this] {
+            mendCounters(m_station);
+            return true;
+        });
     m_mainWindow->load();
     m_mainWindow->show();
     return true;

@@ -3,6 +3,7 @@
 
 #include "foundation/look_ups.h"
 
+#include "foundation/look_ups.h"
 #include "support/test_workstation.h"
 
 namespace vandrel::test {

@@ -2,13 +2,24 @@
 #pragma once
 
 #include "sheet/forms/tetad.h"
-#include "support/key_strokes.h"
+#include "support/keyboard.h"
 #include "support/test_workstation.h"
 
 #include <QLabel>
 #include <QLineEdit>
 
 namespace vandrel::test {
+
+// Text, then Enter.
+inline void enter(const QString& text = {}) {
+    typeText(text);
+    pressKey(Qt::Key_Return);
+}
+
+inline bool showActive(QWidget& window) {
+    QApplication::setActiveWindow(&window);
+    return QTest::qWaitForWindowActive(&window);
+}
 
 struct SheetScreen {
     SheetScreen() {

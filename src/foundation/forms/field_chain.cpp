@@ -206,9 +206,11 @@ bool FieldChain::checkFocused() {
     QWidget* field = QApplication::focusWidget();
     const Entry* entry = field != nullptr ? find(field) : nullptr;
     if (entry == nullptr || !entry->behaviour.leave || m_blocked || m_checking) return true;
-    m_checking = true;
-    const bool good = entry->behaviour.leave();
-    m_checking = false;
+    bool good = true;
+    {
+        const QScopedValueRollback<bool> guard(m_checking, true);
+        good = entry->behaviour.leave();
+    }
     if (!good) SelectAll(field);
     return good && QApplication::focusWidget() == field;
 }

@@ -35,6 +35,7 @@ frmAbout::frmAbout(Workstation& station, QWidget* opener) : WorkForm(station, op
     auto* info = new QPushButton(QStringLiteral("&Rendszerinformáció"));
     info->setObjectName(QStringLiteral("cmdSysInfo"));
     info->setAccessibleName(QStringLiteral("Rendszerinformáció"));
+    info->setMinimumWidth(180);
     auto* good = new QPushButton(QStringLiteral("Rendben"));
     good->setObjectName(QStringLiteral("cmdOK"));
     good->setAccessibleName(good->text());
@@ -64,7 +65,8 @@ void frmAbout::showMachine() {
         lines << name + QStringLiteral(": ") + value;
     m_machine->setPlainText(lines.join(QLatin1Char('\n')));
     m_machine->show();
-    adjustSize();
+    layout()->activate();
+    resize(sizeHint()); // adjustSize() would stop at two thirds of a small screen
 }
 
 void frmAbout::keyPressEvent(QKeyEvent* event) {

@@ -92,7 +92,7 @@ void MainPicture::paintEvent(QPaintEvent*) {
     painter.drawPath(pulse);
 
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(255, 255, 255, 235));
+    painter.setBrush(Qt::white);
     painter.drawRoundedRect(QRectF(48, 66, 24, 72), 4, 4);
     painter.drawRoundedRect(QRectF(24, 90, 72, 24), 4, 4);
 

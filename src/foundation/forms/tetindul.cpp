@@ -18,6 +18,7 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <algorithm>
 #include <array>
@@ -74,6 +75,10 @@ tetindul::tetindul(Workstation& station, Surroundings surroundings)
     buildToolbar();
     buildBody();
     refreshStates();
+    // A box that closed owes the next change of focus only.
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* window) {
+        if (window != nullptr && window != windowHandle()) m_boxHandsBack = false;
+    });
 }
 
 void tetindul::buildMenus() {

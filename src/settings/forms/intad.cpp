@@ -99,6 +99,7 @@ QWidget* intad::buildIdentity() {
     // Code, town and street stand beside one label, as an address is read.
     const QString addressLabel = QStringLiteral("Az intézet címe");
     auto* address = new QHBoxLayout;
+    address->setSpacing(6);
     QLineEdit* code = plain(&InstitutionFields::irsz, QStringLiteral("irsz"),
                             addressLabel + QStringLiteral(" - irányítószám"), 6);
     QLineEdit* town = plain(&InstitutionFields::City, QStringLiteral("City"),

@@ -67,8 +67,8 @@ void nemform::showFor(QWidget* caller, const QString& text, bool buttonEnabled) 
     if (m_caller != caller && m_caller != nullptr) m_caller->setEnabled(true);
     m_caller = caller;
     if (m_caller != nullptr) m_caller->setEnabled(false);
+    adjustSize(); // a longer text must not be cut
     if (!isVisible()) {
-        adjustSize();
         show();
         centreOnScreen(*this);
         raise();

@@ -9,11 +9,16 @@ namespace vandrel {
 
 FormGroup::FormGroup(const QString& title, int labelWidth, QWidget* parent) : QGroupBox(title, parent) {
     m_grid = new QGridLayout(this);
-    m_grid->setContentsMargins(10, 4, 10, 6);
+    m_grid->setContentsMargins(10, 5, 10, 7);
     m_grid->setHorizontalSpacing(8);
-    m_grid->setVerticalSpacing(4);
+    m_grid->setVerticalSpacing(5);
     m_grid->setColumnMinimumWidth(0, labelWidth);
     m_grid->setColumnStretch(1, 1);
+}
+
+void FormGroup::spread() {
+    m_grid->setVerticalSpacing(9);
+    m_grid->setContentsMargins(10, 8, 10, 10);
 }
 
 QLabel* FormGroup::plainLabel(const QString& text) {

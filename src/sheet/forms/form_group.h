@@ -20,6 +20,7 @@ class FormGroup : public QGroupBox {
     QHBoxLayout* addRow(const QString& label);
     // The same without a label: the fields use the whole width.
     QHBoxLayout* addWideRow();
+    void spread(); // rows farther apart, where there is room
     QLabel* lastLabel() const { return m_lastLabel; }
     static QLabel* plainLabel(const QString& text);
 

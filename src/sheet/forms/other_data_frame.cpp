@@ -70,7 +70,10 @@ void OtherDataFrame::setUserFields(const std::array<UserField, 5>& fields) {
         label->setVisible(field.inUse());
         edit->setAccessibleName(field.caption);
         edit->setVisible(field.inUse());
-        if (field.inUse()) m_desk.setLimit(userField(slot), std::clamp(field.length, 0, noLimit));
+        if (!field.inUse()) continue;
+        m_desk.setLimit(userField(slot), std::clamp(field.length, 0, noLimit));
+        const int letter = edit->fontMetrics().horizontalAdvance(u'0');
+        edit->setMaximumWidth(letter * std::clamp(field.length + 2, 3, 80));
     }
 }
 

@@ -56,6 +56,7 @@ PickListFrame::PickListFrame(QWidget* form)
     m_list->setObjectName(u"lista"_s);
     m_list->setModel(m_model);
     m_list->setUniformItemSizes(true);
+    m_list->setSpacing(2);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_list->installEventFilter(this);

@@ -117,6 +117,9 @@ void tetad::layOut() {
     m_pickList = new PickListFrame(this);
     m_calendar = new MonthPicker(this);
 
+    for (FormGroup* group : {static_cast<FormGroup*>(unit), static_cast<FormGroup*>(care),
+                             static_cast<FormGroup*>(diagnoses), static_cast<FormGroup*>(correction)})
+        group->spread();
     auto* left = new QVBoxLayout;
     left->setSpacing(4);
     left->addWidget(unit);

@@ -123,11 +123,12 @@ FeeFrame::FeeFrame(SheetDesk& desk, QWidget* parent)
     row->addWidget(desk.input(u"VizDijOsszeg"_s));
     row->addWidget(plainLabel(u" Ft / "_s));
     row->addWidget(desk.input(u"VizitdijFizMod"_s));
-    row->addWidget(desk.makeMeaning(u"VizitdijFizMod"_s), 1);
+    row->addWidget(desk.makeMeaning(u"VizitDij"_s), 1);
+    addRow(QString())->addWidget(desk.makeMeaning(u"VizitdijFizMod"_s), 1);
 
     row = addRow(u"Térítés vagy mentesség jogcíme:"_s);
     row->addWidget(desk.input(u"Termen"_s));
-    row->addWidget(desk.makeMeaning(u"VizitDij"_s), 1);
+    row->addStretch(1);
     desk.link(u"Termen"_s, u"VizDijOsszeg"_s, u"VizitdijFizMod"_s);
     showCategory();
 }

@@ -1,0 +1,82 @@
+// The program as it is wired: which entries open which window, and what a fault does that nobody handled.
+#include "app/program.h"
+
+#include "app/application.h"
+#include "settings/forms/gepazonform.h"
+#include "support/test_workstation.h"
+
+#include <QAction>
+#include <QFile>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+namespace vandrel::test {
+
+TEST(Program, EveryLivingEntryOpensItsFormAndGetsTheWindowBack) {
+    TestWorkstation test;
+    test.data().execute("insert into intezet (Int_nev) values ('Rendelő')");
+    Program program(test.workstation, [] { return false; });
+    ASSERT_TRUE(program.start());
+    tetindul& window = program.mainWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(test.workstation.statusNote, &program.statusWindow());
+    int opened = 0;
+    for (const MenuEntry& entry : menuMap()) {
+        auto* action = window.findChild<QAction*>(menuText(entry.name));
+        if (entry.kind != MenuKind::form && entry.kind != MenuKind::newSheet) continue;
+        if (!action->isEnabled()) continue;
+        SCOPED_TRACE(std::string(entry.name));
+        action->trigger();
+        ASSERT_NE(program.currentForm(), nullptr);
+        EXPECT_EQ(program.currentForm()->objectName(), menuText(entry.form));
+        EXPECT_FALSE(window.isEnabled());
+        program.currentForm()->close();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        EXPECT_TRUE(window.isEnabled());
+        ++opened;
+    }
+    EXPECT_GE(opened, 3);
+    QTest::mouseDClick(window.findChild<QLineEdit*>(QStringLiteral("datum")), Qt::LeftButton);
+    ASSERT_NE(program.currentForm(), nullptr);
+    EXPECT_EQ(program.currentForm()->objectName(), QStringLiteral("kornyform"));
+    EXPECT_FALSE(program.ended());
+    // Closing the window ends the program at once, although a form stands.
+    QTimer::singleShot(0, &window, &QWidget::close);
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+    EXPECT_TRUE(program.ended());
+}
+
+TEST(Program, DoesNotStartWithoutItsData) {
+    TestWorkstation test;
+    ASSERT_TRUE(QFile::remove(test.path(QStringLiteral("beav.mdb"))));
+    Program program(test.workstation, [] { return false; });
+    test.dialogue.expect(QStringLiteral("Nem található a beav.mdb állomány!"), QStringLiteral("Hiba"));
+    EXPECT_FALSE(program.start());
+    EXPECT_FALSE(program.mainWindow().isVisible());
+}
+
+TEST(Program, CountersBehindAStoredSheetAreMendedAtTheStartButNotBesideAnotherInstance) {
+    for (const bool otherRuns : {true, false}) {
+        TestWorkstation test;
+        test.data().executeScript(
+            "update Gepazonosito set Gepazon='R01'; update AZONOSIT set END_AZON='R010000007';"
+            "insert into BETEG (AZONOSITO, SZAKREND, NAPLO) values ('R010000008', 'U', '5')");
+        Program program(test.workstation, [otherRuns] { return otherRuns; });
+        EXPECT_TRUE(program.start());
+        EXPECT_EQ(firstText(test.data(), "select END_AZON from AZONOSIT"),
+                  otherRuns ? QStringLiteral("R010000007") : QStringLiteral("R010000008"));
+    }
+}
+
+TEST(Program, UnhandledFaultsAreShownAndOthersAreNot) {
+    ExpectedDialogue dialogue;
+    dialogue.expect(QStringLiteral("A lemez megtelt: x"), QStringLiteral("Hiba"));
+    EXPECT_FALSE(deliverShowingFaults(
+        &dialogue, []() -> bool { throw Fault(fault::diskFull, QStringLiteral("A lemez megtelt: x")); }));
+    EXPECT_TRUE(deliverShowingFaults(&dialogue, [] { return true; }));
+    EXPECT_THROW(deliverShowingFaults(&dialogue, []() -> bool { throw std::runtime_error("mistake"); }),
+                 std::runtime_error);
+}
+
+} // namespace vandrel::test

@@ -1,0 +1,395 @@
+// The main window: its menu map, toolbar, links, and what each activation does in which order.
+#include "foundation/forms/tetindul.h"
+
+#include "foundation/forms/box_dialogue.h"
+#include "foundation/forms/work_form.h"
+#include "support/test_workstation.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+namespace vandrel::test {
+
+namespace {
+
+const QString institutionQuestion =
+    QStringLiteral("Az intézeti adatok nincsenek kitöltve!Kívánja most kitölteni?");
+
+void fillInstitution(TestWorkstation& test) {
+    test.data().execute("insert into intezet (Int_nev) values ('Rendelő')");
+}
+
+// A main window with surroundings that write down what happens.
+struct Shell {
+    explicit Shell(Workstation& station)
+        : window(station,
+                 {[this] {
+                      steps << QStringLiteral("instance");
+                      return otherRuns;
+                  },
+                  [this] { steps << QStringLiteral("end"); },
+                  [this](QWidget&, bool seeThrough) {
+                      steps << (seeThrough ? QStringLiteral("see-through") : QStringLiteral("solid"));
+                      return seeThroughWorks;
+                  }}) {}
+
+    void show() {
+        window.load();
+        window.show();
+        activate();
+    }
+    void activate() {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        settle();
+    }
+    static void settle() {
+        for (int turn = 0; turn < 5; ++turn)
+            QCoreApplication::processEvents();
+    }
+    QAction* action(const char* name) { return window.findChild<QAction*>(QLatin1String(name)); }
+    QToolButton* button(int index) {
+        return window.findChild<QToolButton*>(QStringLiteral("Toolbar1_%1").arg(index));
+    }
+    QPushButton* link(const char* text) { return window.findChild<QPushButton*>(QString::fromUtf8(text)); }
+    QListWidget* warnings() { return window.findChild<QListWidget*>(QStringLiteral("figyelmeztetesek")); }
+    QStringList warningTexts() {
+        QStringList texts;
+        for (int row = 0; row < warnings()->count(); ++row)
+            texts << warnings()->item(row)->text();
+        return texts;
+    }
+    QStringList disabled() {
+        QStringList names;
+        for (const MenuEntry& entry : menuMap())
+            if (!action(std::string(entry.name).c_str())->isEnabled()) names << menuText(entry.name);
+        return names;
+    }
+
+    QStringList steps;
+    bool otherRuns = false;
+    bool seeThroughWorks = true;
+    tetindul window;
+};
+
+// Every entry that could have one gets an opener.
+void openAll(Shell& shell, QStringList& opened) {
+    for (const MenuEntry& entry : menuMap())
+        if (entry.kind != MenuKind::title && entry.kind != MenuKind::none && entry.kind != MenuKind::leaving)
+            shell.window.setOpener(menuText(entry.name),
+                                   [&opened, name = menuText(entry.name)] { opened << name; });
+}
+
+void listMenu(const QList<QAction*>& actions, int depth, QString& text) {
+    for (const QAction* action : actions) {
+        text += QString(depth * 2, QLatin1Char(' ')) + action->objectName() + QStringLiteral(" \"") +
+                action->text() + QStringLiteral("\"\n");
+        if (action->menu() != nullptr) listMenu(action->menu()->actions(), depth + 1, text);
+    }
+}
+
+} // namespace
+
+TEST(MainWindow, MenuHasEveryEntryInItsPlace) {
+    TestWorkstation test;
+    Shell shell(test.workstation);
+    QString menu;
+    listMenu(shell.window.menuBar()->actions(), 0, menu);
+    EXPECT_EQ(menu.toStdString(), fileBytes(QStringLiteral(VANDREL_GOLDEN_DIR "/menu.txt")).toStdString());
+}
+
+TEST(MainWindow, EntriesWithoutOpenerAreDisabledWithTheirButtonsAndLinks) {
+    TestWorkstation test;
+    fillInstitution(test);
+    Shell shell(test.workstation);
+    shell.show();
+    for (const MenuEntry& entry : menuMap()) {
+        const bool alive = entry.kind == MenuKind::title || entry.kind == MenuKind::leaving;
+        EXPECT_EQ(shell.action(std::string(entry.name).c_str())->isEnabled(), alive) << entry.name;
+    }
+    for (int index = 1; index <= 6; ++index)
+        EXPECT_EQ(shell.button(index)->isEnabled(), index >= 5) << index;
+    EXPECT_FALSE(shell.link("Verziókövetés")->isEnabled());
+    EXPECT_FALSE(shell.link("Frissítés")->isEnabled());
+
+    QStringList opened;
+    openAll(shell, opened);
+    EXPECT_EQ(shell.disabled(), QStringList({QStringLiteral("helyremenu"), QStringLiteral("frissmenu")}));
+    for (const MenuEntry& entry : menuMap())
+        if (entry.kind == MenuKind::form) shell.action(std::string(entry.name).c_str())->trigger();
+    const qsizetype forms = opened.size();
+    EXPECT_EQ(forms, std::ranges::count(menuMap(), MenuKind::form, &MenuEntry::kind));
+    opened.clear();
+    const QStringList toolTips = {QStringLiteral("Új beteg felvétele"),
+                                  QStringLiteral("Beteg módosítása"),
+                                  QStringLiteral("Eredeti formátumú jelentés floppy előállítása"),
+                                  QStringLiteral("Javított formátumú jelentés floppy előállítása"),
+                                  QStringLiteral("Névjegy"),
+                                  QStringLiteral("Kilépés")};
+    // Button 5 stays without an action although it is called "Névjegy".
+    for (int index = 1; index <= 5; ++index) {
+        QTest::mouseClick(shell.button(index), Qt::LeftButton);
+        EXPECT_EQ(shell.button(index)->toolTip(), toolTips[index - 1]);
+        EXPECT_EQ(shell.button(index)->accessibleName(), toolTips[index - 1]);
+    }
+    QTest::mouseClick(shell.link("Verziókövetés"), Qt::LeftButton);
+    QTest::keyClick(shell.link("Frissítés"), Qt::Key_Space);
+    EXPECT_EQ(opened,
+              QStringList({QStringLiteral("adfelv"), QStringLiteral("admod"), QStringLiteral("er"),
+                           QStringLiteral("jav"), QStringLiteral("nevj"), QStringLiteral("prfrissmenu")}));
+}
+
+TEST(MainWindow, KeysOpenMenusAndEntries) {
+    TestWorkstation test;
+    fillInstitution(test);
+    Shell shell(test.workstation);
+    QStringList opened;
+    openAll(shell, opened);
+    shell.show();
+    QTest::keyClick(&shell.window, Qt::Key_A, Qt::AltModifier);
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    QTest::keyClick(menu, Qt::Key_Return); // the first entry is marked
+    EXPECT_EQ(opened, QStringList({QStringLiteral("adfelv")}));
+    QTest::keyClick(&shell.window, Qt::Key_N, Qt::ControlModifier);
+    QTest::keyClick(&shell.window, Qt::Key_J, Qt::AltModifier);
+    EXPECT_EQ(opened,
+              QStringList({QStringLiteral("adfelv"), QStringLiteral("adfelv"), QStringLiteral("nevj")}));
+}
+
+TEST(MainWindow, LinkIsLitUntilThePictureOrTheToolbarGetThePointer) {
+    TestWorkstation test;
+    Shell shell(test.workstation);
+    QStringList opened;
+    openAll(shell, opened);
+    auto* link = shell.link("Verziókövetés");
+    QWidget* toolbar = shell.window.findChild<QWidget*>(QStringLiteral("Toolbar1"));
+    for (QWidget* place : {link->parentWidget(), toolbar}) {
+        EXPECT_TRUE(link->styleSheet().contains(QLatin1String("color: #ffffff")));
+        QEnterEvent enter(QPointF(2, 2), QPointF(2, 2), QPointF(2, 2));
+        QCoreApplication::sendEvent(link, &enter);
+        EXPECT_TRUE(link->styleSheet().contains(QLatin1String("color: #e0e0e0")));
+        QMouseEvent move(QEvent::MouseMove, QPointF(2, 2), QPointF(2, 2), Qt::NoButton, Qt::NoButton, {});
+        QCoreApplication::sendEvent(place, &move);
+    }
+    EXPECT_TRUE(link->styleSheet().contains(QLatin1String("color: #ffffff")));
+}
+
+TEST(MainWindow, FirstActivationInOrderWithTheHiddenList) {
+    TestWorkstation test;
+    Shell shell(test.workstation);
+    QStringList opened;
+    openAll(shell, opened);
+    EXPECT_FALSE(shell.warnings()->isHidden());
+    test.dialogue.expectQuestion(institutionQuestion, Answer::yes);
+    shell.show();
+    EXPECT_EQ(shell.window.windowTitle(), QStringLiteral("Vandrel Járóbeteg program v2.25"));
+    EXPECT_EQ(shell.steps, QStringList({QStringLiteral("see-through"), QStringLiteral("instance")}));
+    EXPECT_EQ(opened, QStringList({QStringLiteral("int")}));
+    EXPECT_EQ(shell.window.findChild<QLineEdit*>(QStringLiteral("datum"))->text(),
+              QStringLiteral("2008.04.03."));
+    EXPECT_EQ(shell.window.findChild<QLineEdit*>(QStringLiteral("ido"))->text(), QStringLiteral("14:05"));
+    // The list is filled, but was hidden before, and nothing shows it again.
+    const QStringList all = {
+        QStringLiteral("Az intézeti adatok nincsenek kitöltve!"),
+        QStringLiteral("Orvoskódok nincsenek kitöltve! Kitöltés: Szerviz tevékenységek->Adatbázisok "
+                       "karbantartása->Orvoskódok"),
+        QStringLiteral("Szakrendelő kódok nincsenek kitöltve! Kitöltés: Szerviz tevékenységek->Adatbázisok "
+                       "karbantartása->Szakrendelő kódszótár")};
+    EXPECT_EQ(shell.warningTexts(), all);
+    EXPECT_TRUE(shell.warnings()->isHidden());
+    EXPECT_TRUE(shell.window.findChild<QLabel*>(QStringLiteral("figyelmeztetesek_cim"))->isHidden());
+    EXPECT_EQ(firstText(test.data(), "select Elso_inditas from Beallitasok"), QStringLiteral("0"));
+
+    // The next activation clears the list and finds nothing more to warn of.
+    fillInstitution(test);
+    test.clock.set(QDateTime(QDate(2008, 4, 4), QTime(7, 30)));
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    shell.activate();
+    EXPECT_EQ(shell.warningTexts(), QStringList());
+    EXPECT_TRUE(shell.warnings()->isHidden());
+    EXPECT_EQ(shell.window.findChild<QLineEdit*>(QStringLiteral("ido"))->text(), QStringLiteral("07:30"));
+}
+
+TEST(MainWindow, AnswerNoDisablesTheNamedMenusForThatActivation) {
+    TestWorkstation test;
+    Shell shell(test.workstation);
+    QStringList opened;
+    openAll(shell, opened);
+    test.dialogue.expectQuestion(institutionQuestion, Answer::no);
+    shell.show();
+    EXPECT_EQ(
+        shell.disabled(),
+        QStringList({QStringLiteral("adkez"), QStringLiteral("stati"), QStringLiteral("leval"),
+                     QStringLiteral("szerviz"), QStringLiteral("helyremenu"), QStringLiteral("napiment"),
+                     QStringLiteral("frissmenu"), QStringLiteral("nevj"), QStringLiteral("kil")}));
+    // Closing the window is the only way out: button and key of the exit are as dead as its menu.
+    QTest::mouseClick(shell.button(6), Qt::LeftButton);
+    QTest::mouseClick(shell.button(1), Qt::LeftButton);
+    QTest::keyClick(&shell.window, Qt::Key_Q, Qt::ControlModifier);
+    QTest::keyClick(&shell.window, Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(opened, QStringList());
+    EXPECT_TRUE(shell.window.isVisible());
+
+    // The next activation asks again and lifts the limits when there is an institution.
+    fillInstitution(test);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    shell.activate();
+    EXPECT_EQ(shell.disabled(), QStringList({QStringLiteral("helyremenu"), QStringLiteral("frissmenu")}));
+
+    shell.window.close();
+    EXPECT_EQ(shell.steps.count(QStringLiteral("end")), 1);
+}
+
+// With real boxes: the question's own box hands the window back, which must not ask again.
+TEST(MainWindow, RealBoxesDoNotStackOrRepeat) {
+    struct Boxes : BoxDialogue {
+        Answer show(const Message& message) override {
+            texts << message.text;
+            QTimer::singleShot(0, [] {
+                QWidget* box = QApplication::activeModalWidget();
+                ASSERT_NE(box, nullptr);
+                QTest::keyClick(box, Qt::Key_N);
+            });
+            return BoxDialogue::show(message);
+        }
+        QStringList texts;
+    };
+    TestWorkstation test;
+    Boxes boxes;
+    Workstation station(test.directory.path(), boxes, test.clock, test.packer);
+    Shell shell(station);
+    shell.show();
+    EXPECT_EQ(boxes.texts, QStringList({institutionQuestion}));
+
+    // The exit box hands back as well, and is no activation either.
+    fillInstitution(test);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    shell.activate();
+    EXPECT_EQ(shell.steps.count(QStringLiteral("instance")), 2);
+    shell.action("kil")->trigger();
+    shell.activate();
+    EXPECT_EQ(boxes.texts, QStringList({institutionQuestion, QStringLiteral("Valóban ki akar lépni?")}));
+    EXPECT_EQ(shell.steps.count(QStringLiteral("instance")), 2);
+    EXPECT_TRUE(shell.window.isVisible());
+}
+
+TEST(MainWindow, AFormThatClosesHandsBackAnActivation) {
+    TestWorkstation test;
+    Shell shell(test.workstation);
+    std::unique_ptr<WorkForm> form;
+    shell.window.setOpener(QStringLiteral("int"), [&] {
+        form = std::make_unique<WorkForm>(test.workstation, &shell.window);
+        form->open();
+    });
+    test.dialogue.expectQuestion(institutionQuestion, Answer::yes);
+    shell.show();
+    ASSERT_NE(form, nullptr);
+    EXPECT_FALSE(shell.window.isEnabled());
+    Shell::settle();
+    // The form is closed with nothing stored: asked again.
+    test.dialogue.expectQuestion(institutionQuestion, Answer::no);
+    form->close();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&shell.window));
+    Shell::settle();
+    EXPECT_TRUE(test.dialogue.allShown());
+    EXPECT_TRUE(shell.window.isEnabled());
+    EXPECT_FALSE(shell.action("adkez")->isEnabled());
+}
+
+TEST(MainWindow, SecondInstanceEndsWhateverIsAnswered) {
+    for (const Answer answer : {Answer::yes, Answer::no}) {
+        TestWorkstation test;
+        Shell shell(test.workstation);
+        shell.otherRuns = true;
+        test.dialogue.expectQuestion(QStringLiteral("A program már fut egy példányban!"), answer,
+                                     QStringLiteral("Figyelmeztetés"), Icon::critical);
+        shell.show(); // the institution, a later step, is not asked for
+        EXPECT_EQ(shell.steps, QStringList({QStringLiteral("see-through"), QStringLiteral("instance"),
+                                            QStringLiteral("end")}));
+        EXPECT_FALSE(shell.window.isVisible());
+    }
+}
+
+TEST(MainWindow, SeeThroughThatFailsIsSwitchedOff) {
+    TestWorkstation test;
+    fillInstitution(test);
+    Shell shell(test.workstation);
+    shell.seeThroughWorks = false;
+    shell.show();
+    EXPECT_EQ(firstText(test.data(), "select Attunes from EGYEBPAR"), QStringLiteral("0"));
+    EXPECT_FALSE(test.workstation.Attunes);
+}
+
+TEST(MainWindow, OldDatabaseFormatDisablesItsMenus) {
+    TestWorkstation test;
+    fillInstitution(test);
+    test.workstation.files[DataFile::TAJKapu].executeScript("alter table Tranzakciok drop column TAJ");
+    Shell shell(test.workstation);
+    QStringList opened;
+    openAll(shell, opened);
+    test.dialogue.expect(
+        QStringLiteral(
+            "Az Ön adatbázis formátuma a 2.21-es verziónak nem felel meg, ezért konvertálásra van "
+            "szükség, mely kevesebb, mint 1 perc alatt lezajlik.\nA konvertálás megkezdéséhez a Szerviz "
+            "tevékenységek->Konvertálás->Vandrel 2.21-re menüpontot kell elindítani!"),
+        programTitle, Icon::warning);
+    shell.show();
+    EXPECT_EQ(shell.disabled(),
+              QStringList({QStringLiteral("adkez"), QStringLiteral("leval"), QStringLiteral("helyremenu"),
+                           QStringLiteral("osszemasol"), QStringLiteral("frissmenu")}));
+    EXPECT_FALSE(shell.button(1)->isEnabled());
+}
+
+TEST(MainWindow, ExitAsksOnceAndUnloadsEveryForm) {
+    TestWorkstation test;
+    fillInstitution(test);
+    Shell shell(test.workstation);
+    shell.show();
+    test.dialogue.expectQuestion(QStringLiteral("Valóban ki akar lépni?"), Answer::no,
+                                 QStringLiteral("Kilép"));
+    QTest::mouseClick(shell.button(6), Qt::LeftButton);
+    EXPECT_TRUE(shell.window.isVisible());
+    WorkForm form(test.workstation, nullptr);
+    form.show();
+    test.dialogue.expectQuestion(QStringLiteral("Valóban ki akar lépni?"), Answer::yes,
+                                 QStringLiteral("Kilép"));
+    QTest::keyClick(&shell.window, Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_FALSE(shell.window.isVisible());
+    EXPECT_EQ(shell.steps.count(QStringLiteral("end")), 1);
+}
+
+TEST(MainWindow, AnOpenerThatFailsGivesTheWindowBack) {
+    TestWorkstation test;
+    fillInstitution(test);
+    Shell shell(test.workstation);
+    shell.window.setOpener(QStringLiteral("int"), [&] {
+        shell.window.setEnabled(false);
+        throw Fault(fault::dataFileMissing, QStringLiteral("Nem található a tetmod.mdb állomány!"));
+    });
+    shell.show();
+    EXPECT_THROW(shell.action("int")->trigger(), Fault);
+    EXPECT_TRUE(shell.window.isEnabled());
+}
+
+} // namespace vandrel::test
