@@ -3,19 +3,19 @@
 #include "child.h"
 #include "sample_clinic.h"
 
-#include "reports/report_run.h"
+#include "foundation/forms/masked_field.h"
+#include "reports/forms/levForm.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
-#include <QProgressBar>
-#include <QTimer>
-#include <QVBoxLayout>
+#include <QPushButton>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 
 namespace vandrel::bench {
 
@@ -38,32 +38,9 @@ class NoPacker : public Packer {
     bool waitForFinished() override { return true; }
 };
 
-// A window with the display of a report screen.
-class ReportWindow : public QWidget, public ReportProgress {
-  public:
-    ReportWindow() {
-        auto* layout = new QVBoxLayout(this);
-        for (QWidget* part :
-             std::initializer_list<QWidget*>{&m_sheets, &m_records, &m_procedures, &m_stage, &m_bar})
-            layout->addWidget(part);
-    }
-    void selectedSheets(qint64 sheets) override { m_sheets.setText(QString::number(sheets)); }
-    void outputRecords(qint64 records) override { m_records.setText(QString::number(records)); }
-    void procedures(qint64 positions) override { m_procedures.setText(QString::number(positions)); }
-    void moved(const QString& stage, qint64 position, qint64 total) override {
-        m_stage.setText(stage + QString::number(position));
-        m_bar.setMaximum(static_cast<int>(total));
-        m_bar.setValue(static_cast<int>(position));
-    }
-
-  private:
-    QLabel m_sheets, m_records, m_procedures, m_stage;
-    QProgressBar m_bar;
-};
-
-// Seconds, records, longest gap, peak before, peak after: what a child prints.
+// What a child prints.
 struct Figures {
-    double seconds = 0, gap = 0, peakBefore = 0, peak = 0;
+    double seconds = 0, processor = 0, gap = 0, peakBefore = 0, peak = 0; // seconds and megabytes
     qint64 records = 0;
 };
 
@@ -97,7 +74,8 @@ Figures floorRun(const QString& program, const QString& folder, const QString& m
         runChild(neighbour(program), {folder, month, QStringLiteral("2008.04.03.")}, workFolder)
             .output.split(QLatin1Char(' '));
     files = filesIn(workFolder);
-    return {words[0].toDouble(), 0, 0, words[2].toDouble() / 1024, words[1].toLongLong()};
+    return {words[0].toDouble(),        words[3].toDouble(),  0, 0,
+            words[2].toDouble() / 1024, words[1].toLongLong()};
 }
 
 Figures programRun(const QString& folder, const QString& month, Files& files) {
@@ -105,8 +83,8 @@ Figures programRun(const QString& folder, const QString& month, Files& files) {
     const QStringList words = runChild(ownProgram(), {QStringLiteral("--report"), folder, month}, folder)
                                   .output.split(QLatin1Char(' '));
     files = filesIn(folder);
-    return {words[0].toDouble(), words[2].toDouble(), words[3].toDouble(), words[4].toDouble(),
-            words[1].toLongLong()};
+    return {words[0].toDouble(), words[2].toDouble(), words[3].toDouble(),
+            words[4].toDouble(), words[5].toDouble(), words[1].toLongLong()};
 }
 
 void requireSame(const Files& made, const Files& floor) {
@@ -125,14 +103,18 @@ int reportChild(int argc, char** argv, const QString& folder, const QString& mon
     Workstation station(folder, dialogue, clock, packer);
     const QString target = folder + QStringLiteral("/target/");
     QDir().mkpath(target);
-    station.reportTarget = target;
     // As on a running workstation, the files are open when the button is pressed.
     for (const DataFile file : {DataFile::tetdata, DataFile::tetseged, DataFile::beav, DataFile::tetmod})
         station.files[file];
 
-    ReportWindow window;
-    window.show();
+    QWidget opener;
+    levForm form(station, &opener, QStringLiteral("0"));
+    station.reportTarget = target;
+    form.open();
     QApplication::processEvents();
+    for (const char* name : {"IdoszakTol", "IdoszakIg"})
+        form.findChild<MaskedField*>(QLatin1String(name))->setValue(month);
+    auto* button = form.findChild<QPushButton*>(QStringLiteral("Levalogatas"));
     const double peakBefore = peakMegabytes();
 
     // A gap ends when the event loop gets its turn and begins when the turn is over.
@@ -141,16 +123,18 @@ int reportChild(int argc, char** argv, const QString& folder, const QString& mon
     const auto gapEnds = [&] { longest = std::max(longest, turnEnded->seconds()); };
     station.serveEvents = [&] {
         gapEnds();
-        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QApplication::processEvents();
         *turnEnded = Stopwatch();
     };
     const Stopwatch watch;
+    const std::clock_t processor = std::clock();
     *turnEnded = Stopwatch();
-    const ReportOutcome outcome = runReport(station, {QStringLiteral("0"), month, month, {}}, window);
+    button->click();
     gapEnds();
     const double seconds = watch.seconds();
-    if (!outcome.complete) return 1;
-    std::printf("%.6f %lld %.6f %.1f %.1f", seconds, static_cast<long long>(outcome.records), longest,
+    const double used = static_cast<double>(std::clock() - processor) / CLOCKS_PER_SEC;
+    const auto* records = form.findChild<QLabel*>(QStringLiteral("Output"));
+    std::printf("%.6f %s %.6f %.6f %.1f %.1f", seconds, qPrintable(records->text()), used, longest,
                 peakBefore, peakMegabytes());
     return 0;
 }
@@ -163,7 +147,7 @@ void measureReport(Table& table, const QString& folder, const QString& size, con
         const QString month = large ? largeMonth : smallMonth;
         const QString name = QStringLiteral("report of %1 sheets, %2 in all")
                                  .arg(large ? QStringLiteral("40,000") : QStringLiteral("8,000"), size);
-        Pairs query, scratch, peak, peakOfFloor;
+        Pairs query, scratch, processor, peak, peakOfFloor;
         std::vector<double> gaps;
         releaseMonth(folder, month);
         for (int round = 0; round <= rounds; ++round) {
@@ -184,6 +168,8 @@ void measureReport(Table& table, const QString& folder, const QString& size, con
             query.floor.push_back(floor1.seconds);
             scratch.program.push_back(ours.seconds);
             scratch.floor.push_back(floor2.seconds);
+            processor.program.push_back(ours.processor);
+            processor.floor.push_back(floor2.processor);
             peak.program.push_back(ours.peak);
             peak.floor.push_back(ours.peakBefore);
             peakOfFloor.program.push_back(ours.peak);
@@ -193,6 +179,8 @@ void measureReport(Table& table, const QString& folder, const QString& size, con
         table.pairs(name + QStringLiteral(" / query and write"), query, QStringLiteral("ms"), 1000);
         table.pairs(name + QStringLiteral(" / scratch rows, marks"), scratch, QStringLiteral("ms"), 1000,
                     QStringLiteral("ratio 1.3"));
+        table.pairs(name + QStringLiteral(" / the same, processor time"), processor, QStringLiteral("ms"),
+                    1000);
         table.pairs(name + QStringLiteral(": peak memory / before it"), peak, QStringLiteral("MB"), 1);
         table.pairs(name + QStringLiteral(": peak memory / floor's"), peakOfFloor, QStringLiteral("MB"), 1);
         table.single(name + QStringLiteral(": longest wait of the window, median"),
