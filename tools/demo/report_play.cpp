@@ -1,27 +1,27 @@
 #include "demo/report_play.h"
 
 #include "app/program.h"
+#include "demo/expected_report.h"
 #include "demo/keyboard.h"
 #include "demo/menu_play.h"
 #include "demo/stage.h"
-#include "demo/visits.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
+#include <QProcess>
 #include <QPushButton>
+#include <QTemporaryDir>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace vandrel::demo {
 
 namespace {
-
-constexpr qsizetype recordWidth = 194;
-constexpr qsizetype headLines = 8;
-constexpr qsizetype linesOfARecord = 6;
 
 QByteArray bytesOf(Stage& stage, const QString& path) {
     QFile file(path);
@@ -90,28 +90,44 @@ void writeMarksBack(Stage& stage, Program& program) {
     press(Qt::Key_Escape);
 }
 
-// A sheet of n procedures gives n / 6 records, rounded up.
-qsizetype expectedRecords() {
-    qsizetype records = 0;
-    for (const Visit& visit : visits())
-        records += (static_cast<qsizetype>(visit.lines.size()) + linesOfARecord - 1) / linesOfARecord;
-    return records;
+// Says where two files part, for the log.
+void compare(Stage& stage, const QString& what, const QByteArray& made, const QByteArray& expected) {
+    if (made == expected) {
+        stage.say(
+            u"%1: bájtról bájtra az, ami a begépeltekből következik (%2 bájt)."_s.arg(what).arg(made.size()));
+        return;
+    }
+    const auto [at, other] = std::ranges::mismatch(made, expected);
+    const qsizetype place = at - made.begin();
+    const qsizetype line = made.left(place).count('\n') + 1;
+    stage.fail(
+        u"%1: a(z) %2. sorban, a(z) %3. bájttól más, mint ami a begépeltekből következik: \"%4\" helyett \"%5\""_s
+            .arg(what)
+            .arg(line)
+            .arg(place - made.lastIndexOf('\n', place - 1))
+            .arg(QString::fromLatin1(expected.mid(place, 20)), QString::fromLatin1(made.mid(place, 20))));
 }
 
-void checkShape(Stage& stage, const QByteArray& report) {
-    QList<QByteArray> lines = report.split('\n');
-    stage.check(lines.back().isEmpty(), u"a jelentés utolsó sora nincs lezárva"_s);
-    lines.removeLast();
-    qsizetype wrong = 0;
-    for (qsizetype i = 0; i < lines.size(); ++i)
-        if (!lines[i].endsWith('\r') || (i >= headLines && lines[i].size() != recordWidth + 1)) ++wrong;
-    stage.check(wrong == 0, u"%1 sor nem 194 karakter és CR LF"_s.arg(wrong));
-    const qsizetype records = lines.size() - headLines;
-    stage.check(records == expectedRecords(),
-                u"%1 rekord helyett %2 van a jelentésben"_s.arg(expectedRecords()).arg(records));
-    stage.check(lines.size() > 3 && lines[3].trimmed().toLongLong() == records,
-                u"a fejrész rekordszáma nem egyezik"_s);
-    stage.say(u"A jelentés %1 rekordból áll, mind 194 karakter."_s.arg(records));
+// The archive as the Fund would open it: one file under its bare name.
+void checkArchive(Stage& stage, const QString& archive, const QByteArray& report) {
+    const QTemporaryDir unpacked;
+    QProcess arj;
+    arj.setWorkingDirectory(unpacked.path());
+    arj.start(u"arj"_s, {u"e"_s, u"-y"_s, archive});
+    stage.check(arj.waitForFinished() && arj.exitCode() == 0, u"az archívum nem bontható ki"_s);
+    const QDir content(unpacked.path());
+    if (stage.check(content.entryList(QDir::Files) == QStringList{u"tet1234.amb"_s} &&
+                        bytesOf(stage, content.filePath(u"tet1234.amb"_s)) == report,
+                    u"az archívum nem a jelentést tartalmazza"_s))
+        stage.say(u"Az archívum az arj programmal kibontva a jelentést adja vissza."_s);
+}
+
+QHash<QString, int> procedurePoints(Program& program) {
+    QHash<QString, int> points;
+    Query rows = program.station().files[DataFile::beav].query("select BEAV_KOD, NEMET_PONT from BEAV");
+    while (rows.next())
+        points.insert(rows.text(0), static_cast<int>(rows.integer(1)));
+    return points;
 }
 
 } // namespace
@@ -121,9 +137,12 @@ void playReports(Stage& stage, Program& program, const QString& target) {
     const QString note = QDir(target).filePath(u"kuldo.txt"_s);
     makeReport(stage, program, target, true);
     const QByteArray first = bytesOf(stage, report), firstNote = bytesOf(stage, note);
-    checkShape(stage, first);
-    for (const QString& name : {u"1234.id"_s, u"id.txt"_s, u"kuldo.txt"_s, u"tet1234.arj"_s})
+    compare(stage, u"A jelentés"_s, first, expectedReport());
+    compare(stage, u"A kísérőjegyzék"_s, firstNote, expectedNote(procedurePoints(program)));
+    for (const QString& name : {u"1234.id"_s, u"id.txt"_s})
         stage.check(QFileInfo::exists(QDir(target).filePath(name)), u"nincs a célmappában: "_s + name);
+
+    checkArchive(stage, QDir(target).filePath(u"tet1234.arj"_s), first);
 
     // Without the write-back there is nothing left to report.
     press(Qt::Key_E, Qt::ControlModifier);

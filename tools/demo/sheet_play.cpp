@@ -187,7 +187,7 @@ void SheetPlay::play(const Visit& visit, bool first, bool last) {
                   u"nem a beteg neve áll a lapon: "_s + visit.name);
     addLines(visit);
     fillOtherData(visit);
-    if (visit.lines.size() == 8) m_stage.picture(u"tetad"_s, sheet());
+    if (visit.lines.size() == 6 && !visit.known) m_stage.picture(u"tetad"_s, sheet());
     if (find(visit.picked, u"Terites"_s) != nullptr) m_stage.picture(u"tetad-reszleges-terites"_s, sheet());
     store(visit, last);
 }

@@ -68,6 +68,12 @@ Visit visitOf(int patient, bool known, int day, const QString& diagnosis, const 
     visit.taj = withCheckDigit(person.number);
     visit.known = known;
     visit.date = u"2008.03.%1."_s.arg(day, 2, 10, QLatin1Char('0'));
+    visit.time = u"%1%2"_s.arg(8 + day % 9, 2, 10, QLatin1Char('0')).arg(10 + day);
+    visit.unit = unit;
+    visit.postalCode = person.postalCode;
+    visit.sex = person.sex;
+    visit.birth = person.birth;
+    visit.citizenship = u"HUN"_s;
     visit.diagnosis = diagnosis;
     visit.fields.emplace_back(u"Szakrend"_s, unit);
     visit.fields.emplace_back(u"Orvkod"_s, u"9000"_s + (unit == internal  ? u'1'
@@ -83,7 +89,7 @@ Visit visitOf(int patient, bool known, int day, const QString& diagnosis, const 
         if (!person.maidenName.isEmpty()) visit.fields.emplace_back(u"Leanykori_neve"_s, person.maidenName);
     }
     visit.fields.emplace_back(u"F_datum"_s, QString(visit.date).remove(u'.'));
-    visit.fields.emplace_back(u"F_ido"_s, u"%1%2"_s.arg(8 + day % 9, 2, 10, QLatin1Char('0')).arg(10 + day));
+    visit.fields.emplace_back(u"F_ido"_s, visit.time);
     if (!diagnosis.isEmpty()) visit.fields.emplace_back(u"Diag1"_s, diagnosis);
     return visit;
 }
@@ -166,6 +172,7 @@ std::vector<Visit> makeVisits() {
     visit->lines = {key(u"F2"_s, u"10010"_s), key(u"F5"_s, u"20010"_s)};
 
     visit = &add(visitOf(10, false, 12, u"S9340"_s), u"külföldi beteg: állampolgárság név szerint keresve"_s);
+    visit->citizenship = u"AUT"_s;
     visit->searched = {{u"Allampol_rov"_s, u"ausztria"_s}};
     visit->fields.emplace_back(u"Terites"_s, u"0E"_s);
     visit->lines = {line(u"10010"_s), line(u"70060"_s), line(u"40200"_s)};

@@ -26,6 +26,9 @@ struct Visit {
     QString taj;  // nine digits
     bool known;   // in the register already: the first digits of the TAJ bring the rest
     QString date; // éééé.hh.nn.
+    QString time; // four digits
+    QString unit;
+    QString postalCode, sex, birth, citizenship; // of the patient; the birth date as digits
     QString diagnosis;
     std::vector<Entry> fields;    // typed when the focus comes there
     std::vector<Entry> picked;    // chosen from the list behind F1 by the first letters of its line
