@@ -109,6 +109,23 @@ std::size_t characters(std::string_view utf8) {
 
 } // namespace code_page
 
+namespace {
+
+// Of writing and closing. What part of the bytes has reached the file is unknown then: neither trying again
+// nor going on would give a whole file, so the faults that invite to it are not raised here.
+Fault writeFault(int errorNumber, const QString& path) {
+    const Fault fault = fileFault(errorNumber, path);
+    switch (fault.number()) {
+    case fault::diskFull:
+    case fault::diskNotReady:
+        return fault;
+    default:
+        return {fault::deviceError, QStringLiteral("Írási hiba: %1").arg(path)};
+    }
+}
+
+} // namespace
+
 CodePageFile::~CodePageFile() {
     if (m_file != nullptr) std::fclose(m_file);
 }
@@ -129,7 +146,7 @@ void CodePageFile::writeBytes(std::string_view bytes) {
     if (m_file == nullptr)
         throw Fault(fault::badFile, QStringLiteral("Az állomány nincs megnyitva: %1").arg(m_path));
     errno = 0;
-    if (std::fwrite(bytes.data(), 1, bytes.size(), m_file) != bytes.size()) throw fileFault(errno, m_path);
+    if (std::fwrite(bytes.data(), 1, bytes.size(), m_file) != bytes.size()) throw writeFault(errno, m_path);
 }
 
 void CodePageFile::close() {
@@ -139,8 +156,8 @@ void CodePageFile::close() {
     const bool flushed = std::fflush(file) == 0;
     const int flushError = errno;
     const bool closed = std::fclose(file) == 0;
-    if (!flushed) throw fileFault(flushError, m_path);
-    if (!closed) throw fileFault(errno, m_path);
+    if (!flushed) throw writeFault(flushError, m_path);
+    if (!closed) throw writeFault(errno, m_path);
 }
 
 void makeEmptyFile(const QString& path) {
@@ -157,7 +174,11 @@ void copyFileOver(const QString& from, const QString& to) {
     target.open(to);
     while (true) {
         const QByteArray part = source.read(1 << 16);
-        if (part.isEmpty()) break;
+        if (part.isEmpty()) {
+            if (source.error() != QFileDevice::NoError)
+                throw Fault(fault::deviceError, QStringLiteral("Olvasási hiba: %1").arg(from));
+            break;
+        }
         target.writeBytes({part.constData(), static_cast<std::size_t>(part.size())});
     }
     target.close();

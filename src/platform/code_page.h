@@ -42,7 +42,8 @@ class CodePageFile {
     bool isOpen() const { return m_file != nullptr; }
     // Text and a line end; a character outside the code page becomes '?'.
     void writeLine(QStringView text);
-    // Bytes already in the code page, line end included.
+    // Bytes already in the code page, line end included. Faults of writing and closing: diskFull,
+    // diskNotReady, deviceError; none that a caller would answer by trying again.
     void writeBytes(std::string_view bytes);
     void close();
 
@@ -53,7 +54,7 @@ class CodePageFile {
 
 // Makes, or empties, a file and closes it. Faults as CodePageFile::open.
 void makeEmptyFile(const QString& path);
-// Copies a file over another one. Faults: fileNotFound and those of CodePageFile.
+// Copies a file over another one. Faults: fileNotFound, deviceError and those of CodePageFile.
 void copyFileOver(const QString& from, const QString& to);
 
 } // namespace vandrel
