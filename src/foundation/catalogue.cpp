@@ -1,6 +1,9 @@
 // The tables of every data file. The order of the columns is part of the data: merges copy by position.
 #include "foundation/catalogue.h"
 
+#include <algorithm>
+#include <array>
+
 namespace vandrel::catalogue {
 
 namespace {
@@ -254,66 +257,14 @@ constexpr Column levalEr[] = {{"R_azon", Type::code},
                               {"Jell_4"},
                               {"Jell_5"},
                               {"Jell_6"}};
-constexpr Column levalJav[] = {{"R_azon", Type::code},
-                               {"Rendelo"},
-                               {"Bek"},
-                               {"Borv_azon"},
-                               {"Orv_azon"},
-                               {"Naplo"},
-                               {"Taj"},
-                               {"Az_tip"},
-                               {"Nem"},
-                               {"Szul"},
-                               {"Datum"},
-                               {"Ora"},
-                               {"Irszam"},
-                               {"Allampol"},
-                               {"Ell_tip"},
-                               {"Baleset"},
-                               {"Tova"},
-                               {"Terkat"},
-                               {"Termod"},
-                               {"Termen"},
-                               {"Rterdij"},
-                               {"Elsznyil"},
-                               {"Badat"},
-                               {"Bdatum"},
-                               {"Labor"},
-                               {"Rtg"},
-                               {"Ctmr"},
-                               {"Fizioter"},
-                               {"K_kep"},
-                               {"Utkltg"},
-                               {"Recept"},
-                               {"Gyogyseg"},
-                               {"Gyogyfurd"},
-                               {"Bno_1"},
-                               {"Bno_2"},
-                               {"Bno_3"},
-                               {"Bno_4"},
-                               {"Bno_5"},
-                               {"Who_1"},
-                               {"Who_2"},
-                               {"Who_3"},
-                               {"Who_4"},
-                               {"Who_5"},
-                               {"Who_6"},
-                               {"Menny_1"},
-                               {"Menny_2"},
-                               {"Menny_3"},
-                               {"Menny_4"},
-                               {"Menny_5"},
-                               {"Menny_6"},
-                               {"Jell_1"},
-                               {"Jell_2"},
-                               {"Jell_3"},
-                               {"Jell_4"},
-                               {"Jell_5"},
-                               {"Jell_6"},
-                               {"Jav"},
-                               {"Er_azon"},
-                               {"Enaplo"},
-                               {"Edatum"}};
+// The rows of the corrected report are those of the original one and four columns more.
+constexpr auto levalJav = [] {
+    constexpr Column added[] = {{"Jav"}, {"Er_azon"}, {"Enaplo"}, {"Edatum"}};
+    std::array<Column, std::size(levalEr) + std::size(added)> all{};
+    std::copy(std::begin(added), std::end(added),
+              std::copy(std::begin(levalEr), std::end(levalEr), all.begin()));
+    return all;
+}();
 constexpr Column levalTp[] = {{"JELTIP"},     {"TAJSZAM"},   {"TNEM"},    {"TDIAG"},   {"TNAPLO"},
                               {"ELOZONAPLO"}, {"GYERTAJ"},   {"FELVMOD"}, {"TAPJELL"}, {"MEGSZMOD"},
                               {"ELETKOR"},    {"KKALLKEZD"}, {"KKALLVEG"}};
