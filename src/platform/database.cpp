@@ -98,6 +98,10 @@ bool Query::isNull(int column) const {
     return sqlite3_column_type(m_statement, column) == SQLITE_NULL;
 }
 
+bool Query::isText(int column) const {
+    return sqlite3_column_type(m_statement, column) == SQLITE_TEXT;
+}
+
 QString Query::text(int column) const {
     const std::string_view utf8 = bytes(column);
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -135,20 +139,18 @@ Database::Database(const QString& path) : m_path(path) {
     prepareEngine();
     int result =
         sqlite3_open_v2(path.toUtf8().constData(), &m_handle, SQLITE_OPEN_READWRITE | oneThread, nullptr);
-    if (result == SQLITE_OK) {
-        sqlite3_extended_result_codes(m_handle, 1);
-        // The file is first read here; a file that is no database shows itself now.
-        result = sqlite3_exec(m_handle, "select count(*) from sqlite_master", nullptr, nullptr, nullptr);
-    }
-    if (result != SQLITE_OK) {
-        try {
-            raise(result);
-        } catch (...) {
-            sqlite3_close_v2(m_handle);
-            throw;
+    // No destructor runs for what a constructor leaves by a fault: the handle is closed here.
+    try {
+        if (result == SQLITE_OK) {
+            configure();
+            // The file is first read here; a file that is no database shows itself now.
+            result = sqlite3_exec(m_handle, "select count(*) from sqlite_master", nullptr, nullptr, nullptr);
         }
+        if (result != SQLITE_OK) raise(result);
+    } catch (...) {
+        sqlite3_close_v2(m_handle);
+        throw;
     }
-    configure();
 }
 
 Database Database::create(const QString& path) {
@@ -160,12 +162,13 @@ Database Database::create(const QString& path) {
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &result.m_handle,
                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | oneThread, nullptr);
     if (code != SQLITE_OK) result.raise(code);
-    sqlite3_extended_result_codes(result.m_handle, 1);
     result.configure();
     return result;
 }
 
 void Database::configure() {
+    sqlite3_extended_result_codes(m_handle, 1);
+    // Before the first reading: a file that a sibling tool holds for a moment is waited for at once.
     sqlite3_busy_timeout(m_handle, busyMilliseconds);
     // A closed data file is one file, and a store that was confirmed survives a power cut.
     executeScript("pragma journal_mode=delete; pragma synchronous=full; pragma foreign_keys=off;");

@@ -53,6 +53,8 @@ class Query {
     int columnCount() const;
     QString columnName(int column) const;
     bool isNull(int column) const;
+    // True for a value kept as text, also in a number column. Ask before the value is read as another type.
+    bool isText(int column) const;
     QString text(int column) const;                        // Null gives an empty text
     std::optional<QString> optionalText(int column) const; // Null gives nullopt
     std::string_view bytes(int column) const; // UTF-8, valid until the next step; Null gives an empty view

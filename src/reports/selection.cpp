@@ -79,7 +79,8 @@ class RowBinder {
     }
     // A number as the program writes it: no needless zeros, decimal comma.
     void number(const Query& source, int column) {
-        if (source.isNull(column)) return null();
+        // What is no number stays as it is stored and does not turn into a 0.
+        if (source.isNull(column) || source.isText(column)) return as(source, column);
         std::string& buffer = m_made[m_used++];
         const double value = source.number(column);
         if (value == std::floor(value) && std::fabs(value) < 1e15)

@@ -9,6 +9,9 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include <chrono>
+#include <thread>
+
 namespace vandrel::test {
 
 int faultOf(const std::function<void()>& action) {
@@ -55,6 +58,17 @@ TEST(Database, NeverReplacesALostOrDamagedFile) {
     EXPECT_EQ(station.workstation.files.examine(DataFile::tetdata), QString());
     station.data().executeScript("drop table Utolsok");
     EXPECT_TRUE(station.workstation.files.examine(DataFile::tetdata).contains(QLatin1String("Utolsok")));
+}
+
+TEST(Database, WaitsForAFileThatASiblingHoldsForAMoment) {
+    TestWorkstation station;
+    Database sibling(station.path(QStringLiteral("TAJKapu.mdb")));
+    sibling.executeScript("begin exclusive");
+    std::jthread release([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        sibling.executeScript("commit");
+    });
+    EXPECT_EQ(faultOf([&] { station.workstation.files[DataFile::TAJKapu]; }), 0);
 }
 
 TEST(Database, TransactionThatIsNotCommittedLeavesNothing) {

@@ -105,6 +105,20 @@ TEST(Selection, CorrectedSheetsGoToTheirOwnTableWithTheirOwnMark) {
     EXPECT_EQ(firstText(scratch, "select count(*) from Leval_er"), QStringLiteral("0"));
 }
 
+TEST(Selection, AFeeIsWrittenAsTheProgramWritesNumbers) {
+    TestWorkstation test;
+    int key = 0;
+    for (const char* fee : {"null", "0", "1500", "12.5", "-0.25", "'  '", "'x'"})
+        addSheet(test, ++key, {{"TerReszlDij", fee}}, {{"'11041'", "1"}});
+    EventTurn turn({});
+    ReportProgress progress;
+    flattenSheets(test.workstation, Selection::original, {1, 2, 3, 4, 5, 6, 7}, turn, progress);
+    // A text in the number column is not told to be a fee of 0.
+    EXPECT_EQ(firstText(test.workstation.files[DataFile::tetseged],
+                        "select group_concat(coalesce(Rterdij, 'null'), '|') from Leval_er"),
+              QStringLiteral("null|0|1500|12,5|-0,25|  |x"));
+}
+
 TEST(FaultPolicy, RetryAndSkip) {
     int tries = 0, waits = 0;
     const auto locked = [&] {
