@@ -11,6 +11,7 @@ namespace {
 
 constexpr int procedures = 20;
 constexpr int patients = 30;
+constexpr int marks = 10'000; // as diagnoses they fit the report's columns
 
 QString procedureCode(int number) {
     return QString::number(10'000 + number);
@@ -83,7 +84,7 @@ Confirmed Clerk::storeNext() {
     for (const ProcedureLine& line : procedureLines(m_station, fields.Azonosito))
         deleteProcedureLine(m_station, line.rowid);
     const int lines = below(14);
-    const int mark = static_cast<int>(m_random() % 1'000'000'000);
+    const int mark = below(marks);
     for (int i = 0; i < lines; ++i)
         if (addProcedureLine(m_station, fields.Azonosito, procedureCode((mark + i) % procedures),
                              QString::number(i + 1), QStringLiteral("A")) != AddLineOutcome::added)
@@ -109,7 +110,7 @@ Confirmed Clerk::correctEarlier() {
         lines = row.text(1).toInt();
         patient = row.text(2);
     }
-    const int mark = static_cast<int>(m_random() % 1'000'000'000);
+    const int mark = below(marks);
     fill(fields, static_cast<int>(patient.toLongLong() - 100'000'000), mark, lines);
     if (storeSheet(m_station, fields).outcome != StoreOutcome::stored)
         throw Fault(fault::storage, QStringLiteral("correction refused"));

@@ -60,7 +60,7 @@ TEST(Kill, WhileSheetsAreStored) {
         SCOPED_TRACE("kill " + std::to_string(kill) + ", VANDREL_SEED=" + std::to_string(seed));
         ClerkProcess clerk({"loop", directory.path().toStdString(), std::to_string(random())});
         ASSERT_EQ(clerk.line(), "ready");
-        std::this_thread::sleep_for(std::chrono::microseconds(random() % 120'000));
+        std::this_thread::sleep_for(std::chrono::microseconds(random() % 200'000));
         for (const std::string& line : clerk.kill()) {
             std::istringstream words(line);
             Confirmed sheet;
