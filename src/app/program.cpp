@@ -7,9 +7,12 @@
 #include "foundation/start_checks.h"
 #include "platform/code_page.h"
 #include "platform/single_instance.h"
+#include "reports/forms/flujForm.h"
+#include "reports/forms/levForm.h"
 #include "settings/forms/gepazonform.h"
 #include "settings/forms/intad.h"
 #include "settings/forms/kornyform.h"
+#include "sheet/forms/tetad.h"
 #include "sheet/sheet_fields.h"
 
 #include <QDir>
@@ -30,7 +33,18 @@ void openPlain(Program& program, const MenuEntry&) {
     program.openForm<Form>();
 }
 
+void openNewSheet(Program& program, const MenuEntry&) {
+    program.openForm<tetad>().Uj();
+}
+
+void openReport(Program& program, const MenuEntry& entry) {
+    program.openForm<levForm>(menuText(entry.code));
+}
+
 constexpr Wiring wirings[] = {
+    {"adfelv", openNewSheet},
+    {"er", openReport},
+    {"flmen", openPlain<flujForm>},
     {"int", openPlain<intad>},
     {"gepazon", openPlain<gepazonform>},
     {"nevj", openPlain<frmAbout>},

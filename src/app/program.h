@@ -35,9 +35,9 @@ class Program {
     bool ended() const { return m_ended; }
 
     // For the table of openers: makes a form, opens it before the main window and forgets it when it closes.
-    template<class Form>
-    Form& openForm() {
-        auto* form = new Form(m_station, m_mainWindow.get());
+    template<class Form, class... More>
+    Form& openForm(const More&... more) {
+        auto* form = new Form(m_station, m_mainWindow.get(), more...);
         adopt(form);
         return *form;
     }
