@@ -40,6 +40,8 @@ TEST(Tetad, NewSheetStandsOnTheForm) {
     EXPECT_EQ(focusName(), u"Szakrend"_s);
     EXPECT_EQ(screen.label("Azonosito"), u"A010000042"_s);
     EXPECT_EQ(screen.label("modszoveg"), QString());
+    EXPECT_EQ(screen.label("Int_nev"), u"Városi <Rendelő> & Társa"_s);
+    EXPECT_EQ(screen.label("Int_cim"), u"6720 - Szeged"_s);
     EXPECT_EQ(screen.label("ma"), u"2008.04.03."_s);
     const std::pair<const char*, const char16_t*> defaults[] = {
         {"Szakrend", u""},
@@ -242,6 +244,59 @@ TEST(Tetad, LeavingKeepsTheLinesForTheNextSheet) {
     EXPECT_EQ(firstText(screen.setUp.data(), "select BEAV from EUSZOLG where Azonosito='A010000042'"),
               u"11301"_s);
     EXPECT_EQ(screen.form.findChild<QTableWidget*>(u"EUSZOLG"_s)->item(0, 0)->text(), u"11301"_s);
+}
+
+TEST(Tetad, StoredCorrectionWritesOverItsSheetWithoutAWord) {
+    SheetScreen screen;
+    screen.open();
+    enter(u"010000001"_s);
+    screen.go("Szem_szam");
+    typeText(u"123456788"_s);
+    screen.go("BEAV");
+    enter(u"11041"_s);
+    screen.dialogue.expectQuestion(storedQuestion, Answer::no);
+    pressKey(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(screen.form.isVisible());
+
+    screen.setUp.data().execute("update BETEG set FLOPPY=3");
+    SheetFields stored = screen.form.fields();
+    stored.correction = true;
+    screen.form.setFields(stored);
+    screen.form.present();
+    ASSERT_TRUE(showActive(screen.form));
+    screen.go("Jav");
+    enter(u"2"_s);
+    enter(u"010000002"_s);
+    EXPECT_EQ(focusName(), u"Edatum"_s);
+    typeText(u"20080303"_s);
+    screen.go("Tova");
+    typeText(u"7"_s);
+    pressKey(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(screen.form.isVisible());
+    EXPECT_EQ(focusName(), u"Tova"_s);
+    EXPECT_EQ(
+        firstText(screen.setUp.data(),
+                  "select count(*)||'|'||JAV||'|'||ER_AZON||'|'||EDATUM||'|'||TOVA||'|'||FLOPPY from BETEG"),
+        u"1|2|010000002|2008.03.03.|7|0"_s);
+}
+
+// A field that has the focus at the store is checked like one that was left.
+TEST(Tetad, StoreChecksTheFieldThatHasTheFocus) {
+    SheetScreen screen;
+    screen.open();
+    enter(u"010000001"_s);
+    screen.go("Szem_szam");
+    typeText(u"123456788"_s);
+    screen.go("Diag1");
+    typeText(u"QQQQQ"_s);
+    screen.dialogue.expect(u"Nincs ilyen 'BNO kód'!"_s, u"Hiba"_s);
+    pressKey(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(focusName(), u"Diag1"_s);
+    EXPECT_EQ(firstText(screen.setUp.data(), "select count(*) from BETEG"), u"0"_s);
+    screen.go("Cim");
+    typeText(u"abc"_s);
+    pressKey(Qt::Key_K, Qt::ControlModifier); // not there yet, and no editing key either
+    EXPECT_EQ(screen.text("Cim"), u"abc"_s);
 }
 
 TEST(Tetad, CorrectionStaysOpenAndFollowsNoUnit) {
