@@ -355,4 +355,52 @@ TEST(Tetad, HostileTextIsKeptToTheLetter) {
     EXPECT_EQ(firstText(screen.setUp.data(), "select IGENYLO from BETEG"), u"'; drop"_s);
 }
 
+// As the program runs it: opened before its first content, deleted when it closes, the opener waiting.
+TEST(Tetad, GivesTheOpenerBackAndGoes) {
+    SheetScreen screen;
+    QWidget opener;
+    opener.show();
+    auto* form = new tetad(screen.setUp.workstation, &opener);
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    const QPointer<QWidget> there = form;
+    form->open();
+    form->Uj();
+    ASSERT_TRUE(showActive(*form));
+    EXPECT_FALSE(opener.isEnabled());
+    EXPECT_EQ(focusName(), u"Szakrend"_s);
+    form->findChild<QLineEdit*>(u"Anyja_neve"_s)->setFocus();
+    pressKey(Qt::Key_X, Qt::ControlModifier);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(there, nullptr);
+    EXPECT_TRUE(opener.isEnabled());
+    // Without its data file there is no new sheet: a box, and the opener is there again.
+    screen.setUp.workstation.files.close(DataFile::tetdata);
+    QFile::remove(screen.setUp.path(u"tetdata.mdb"_s));
+    tetad other(screen.setUp.workstation, &opener);
+    screen.dialogue.expect(u"Nem található a tetdata.mdb állomány!"_s, u"Hiba"_s);
+    other.open();
+    other.Uj();
+    EXPECT_FALSE(other.isVisible());
+    EXPECT_TRUE(opener.isEnabled());
+}
+
+// What a stored sheet holds goes over the form and back without a change, over-long and odd as it may be.
+TEST(Tetad, EveryFieldGivesBackWhatItWasGiven) {
+    SheetScreen screen;
+    screen.open();
+    SheetFields given = screen.form.fields();
+    given.correction = true;
+    for (const SheetFieldName& field : sheetFieldNames()) {
+        QString& value = field.of(given);
+        if (value.contains(u'.') || value.contains(u':')) continue; // masked: dates and the time
+        value = u"O'Brien %_\"; <b>x</b>\n& 漢 "_s + QString::fromLatin1(field.name) + QString(2000, u'ű');
+    }
+    given.Terites = u"0R"_s;
+    screen.form.setFields(given);
+    SheetFields back = screen.form.fields();
+    for (const SheetFieldName& field : sheetFieldNames())
+        EXPECT_EQ(field.of(back), field.of(given)) << field.name;
+    EXPECT_TRUE(back.correction);
+}
+
 } // namespace vandrel::test
