@@ -86,6 +86,7 @@ bool Program::start() {
         });
     m_mainWindow->load();
     m_mainWindow->show();
+    m_mainWindow->activateWindow(); // a screen without a window manager does not do it by itself
     return true;
 }
 

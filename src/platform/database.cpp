@@ -11,6 +11,16 @@ namespace {
 
 constexpr int busyMilliseconds = 1500; // a sibling tool may hold TAJKapu.mdb for a moment
 
+// Everything runs on the one user-interface thread: without the engine's locks around each call and each
+// piece of memory, reading takes a quarter less time.
+constexpr int oneThread = SQLITE_OPEN_NOMUTEX;
+
+void prepareEngine() {
+    // Refused, and that does no harm, where somebody has used the engine before.
+    static const int unused = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+    Q_UNUSED(unused)
+}
+
 } // namespace
 
 Query::Query(Query&& other) noexcept
@@ -104,6 +114,13 @@ std::string_view Query::bytes(int column) const {
     return {data, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, column))};
 }
 
+std::optional<std::string_view> Query::optionalBytes(int column) const {
+    // Only Null has no text. One question instead of two: reports ask it millions of times.
+    const auto* data = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
+    if (data == nullptr) return std::nullopt;
+    return std::string_view(data, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, column)));
+}
+
 qint64 Query::integer(int column) const {
     return sqlite3_column_int64(m_statement, column);
 }
@@ -115,7 +132,9 @@ double Query::number(int column) const {
 Database::Database(const QString& path) : m_path(path) {
     if (!QFileInfo(path).isFile())
         throw Fault(fault::dataFileMissing, QStringLiteral("Nem található a %1 állomány!").arg(fileName()));
-    int result = sqlite3_open_v2(path.toUtf8().constData(), &m_handle, SQLITE_OPEN_READWRITE, nullptr);
+    prepareEngine();
+    int result =
+        sqlite3_open_v2(path.toUtf8().constData(), &m_handle, SQLITE_OPEN_READWRITE | oneThread, nullptr);
     if (result == SQLITE_OK) {
         sqlite3_extended_result_codes(m_handle, 1);
         // The file is first read here; a file that is no database shows itself now.
@@ -137,8 +156,9 @@ Database Database::create(const QString& path) {
     result.m_path = path;
     if (QFileInfo::exists(path))
         throw Fault(fault::pathAccess, QStringLiteral("Már van ilyen állomány: %1").arg(result.fileName()));
+    prepareEngine();
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &result.m_handle,
-                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | oneThread, nullptr);
     if (code != SQLITE_OK) result.raise(code);
     sqlite3_extended_result_codes(result.m_handle, 1);
     result.configure();

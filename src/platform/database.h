@@ -56,8 +56,9 @@ class Query {
     QString text(int column) const;                        // Null gives an empty text
     std::optional<QString> optionalText(int column) const; // Null gives nullopt
     std::string_view bytes(int column) const; // UTF-8, valid until the next step; Null gives an empty view
-    qint64 integer(int column) const;         // Null gives 0
-    double number(int column) const;          // Null gives 0
+    std::optional<std::string_view> optionalBytes(int column) const; // the same, Null gives nullopt
+    qint64 integer(int column) const;                                // Null gives 0
+    double number(int column) const;                                 // Null gives 0
 
   private:
     friend class Database;

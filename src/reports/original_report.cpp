@@ -179,10 +179,8 @@ class OriginalReport {
         };
         qint64 position = 0;
         while (row.next()) {
-            for (std::size_t i = 0; i < values.size(); ++i) {
-                const int column = static_cast<int>(i);
-                values[i] = row.isNull(column) ? std::nullopt : RecordFormatter::Value(row.bytes(column));
-            }
+            for (std::size_t i = 0; i < values.size(); ++i)
+                values[i] = row.optionalBytes(static_cast<int>(i));
             try {
                 formatter.append(part, values);
             } catch (const Fault&) {

@@ -49,7 +49,10 @@ class RowBinder {
 
     void null() { m_row.bind(++m_at, nullptr); }
     void text(std::string_view value) { m_row.bindBorrowed(++m_at, value); }
-    void as(const Query& source, int column) { source.isNull(column) ? null() : text(source.bytes(column)); }
+    void as(const Query& source, int column) {
+        const auto value = source.optionalBytes(column);
+        value ? text(*value) : null();
+    }
     void firstCharacter(const Query& source, int column) {
         source.isNull(column) ? null() : text(middle(source.bytes(column), 0, 1));
     }

@@ -131,11 +131,12 @@ bool FieldChain::eventFilter(QObject* watched, QEvent* event) {
     }
     case QEvent::FocusOut: {
         const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        // Another window or a menu in front is no leaving: the field keeps the focus inside the form.
-        if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
-            reason == Qt::ActiveWindowFocusReason)
-            return false;
+        // A menu in front is no leaving.
+        if (reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason) return false;
+        // Behind another window the focus may be moved without a word to this field: it must not go on
+        // looking focused. Coming back paints it again.
         paint(field, false);
+        if (reason == Qt::ActiveWindowFocusReason) return false;
         if (entry->behaviour.leave && !m_blocked) leaveLater(field);
         return false;
     }

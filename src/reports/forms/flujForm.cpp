@@ -97,12 +97,7 @@ flujForm::flujForm(Workstation& station, QWidget* opener) : WorkForm(station, op
     numeric.numeric = true;
     chain->add(m_from, numeric);
     chain->add(m_to, numeric);
-    FieldBehaviour press;
-    press.key = [this](int key) {
-        if (key == Qt::Key_Return) m_start->click();
-        return key == Qt::Key_Return;
-    };
-    chain->add(m_start, press);
+    chain->add(m_start, pressOnEnter(m_start));
     QWidget* previous = m_from;
     for (QWidget* next : std::initializer_list<QWidget*>{m_to, m_original, m_corrected, m_both, m_start}) {
         setTabOrder(previous, next);

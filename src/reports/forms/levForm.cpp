@@ -54,15 +54,6 @@ QPushButton* button(const QString& name, const QString& text) {
     return result;
 }
 
-FieldBehaviour pressed(QPushButton* button) {
-    FieldBehaviour behaviour;
-    behaviour.key = [button](int key) {
-        if (key == Qt::Key_Return) button->click();
-        return key == Qt::Key_Return;
-    };
-    return behaviour;
-}
-
 } // namespace
 
 levForm::levForm(Workstation& station, QWidget* opener, const QString& mode)
@@ -86,8 +77,8 @@ levForm::levForm(Workstation& station, QWidget* opener, const QString& mode)
     numeric.numeric = true;
     for (MaskedField* field : {m_from, m_to, m_settlement})
         m_chain->add(field, numeric);
-    m_chain->add(m_run, pressed(m_run));
-    m_chain->add(m_choose, pressed(m_choose));
+    m_chain->add(m_run, pressOnEnter(m_run));
+    m_chain->add(m_choose, pressOnEnter(m_choose));
 
     const ReportPeriods periods = defaultPeriods(mode, station.clock.today());
     m_from->setValue(periods.period);

@@ -35,12 +35,6 @@ gepazonform::gepazonform(Workstation& station, QWidget* opener)
     leave->setAccessibleName(QStringLiteral("Mégse"));
     connect(leave, &QPushButton::clicked, this, &gepazonform::close);
 
-    auto* chain = new FieldChain(this);
-    chain->add(m_label);
-    chain->add(keep, pressOnEnter(keep));
-    chain->adopt(leave, pressOnEnter(leave));
-    setTabOrder(keep, leave);
-
     auto* row = new QHBoxLayout;
     row->addWidget(caption);
     row->addWidget(m_label);
@@ -55,6 +49,11 @@ gepazonform::gepazonform(Workstation& station, QWidget* opener)
     column->addLayout(row);
     column->addLayout(buttons);
     setMinimumWidth(340);
+    auto* chain = new FieldChain(this);
+    chain->add(m_label);
+    chain->add(keep, pressOnEnter(keep));
+    chain->adopt(leave, pressOnEnter(leave));
+    setTabOrder(keep, leave);
     SelectAll(m_label);
 }
 

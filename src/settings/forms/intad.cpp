@@ -45,9 +45,6 @@ intad::intad(Workstation& station, QWidget* opener)
     leave->setObjectName(QStringLiteral("Kilepes"));
     leave->setAccessibleName(QStringLiteral("Kilépés"));
     connect(leave, &QPushButton::clicked, this, &intad::close);
-    m_chain->add(keep, pressOnEnter(keep));
-    m_chain->adopt(leave, pressOnEnter(leave));
-    setTabOrder(keep, leave);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(keep);
@@ -61,6 +58,13 @@ intad::intad(Workstation& station, QWidget* opener)
     m_status->setMinimumHeight(m_status->fontMetrics().height() + 8);
     column->addWidget(m_status);
 
+    // Only fields that stand in the window take a place in its order.
+    for (const Field& field : m_fields)
+        m_chain->add(field.edit);
+    m_chain->add(keep, pressOnEnter(keep));
+    m_chain->adopt(leave, pressOnEnter(leave));
+    setTabOrder(keep, leave);
+
     fill(loadInstitution(station));
     SelectAll(m_fields.front().edit);
 }
@@ -72,7 +76,6 @@ QLineEdit* intad::addField(QLineEdit* edit, QString InstitutionFields::*member, 
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * (characters + 4));
     if (characters < nameWidth)
         edit->setMaximumWidth(edit->fontMetrics().averageCharWidth() * (characters + 8));
-    m_chain->add(edit);
     m_fields.push_back({member, edit});
     return edit;
 }

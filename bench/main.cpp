@@ -1,0 +1,49 @@
+// vandrel-bench [FOLDER [ROUNDS [start] [entry] [report]]]: makes the sample clinics in FOLDER where they are
+// not there yet, measures, and prints one table.
+#include "child.h"
+#include "entry_bench.h"
+#include "measure.h"
+#include "report_bench.h"
+#include "sample_clinic.h"
+#include "start_bench.h"
+#include "sync_counter.h"
+
+#include <QApplication>
+#include <QDir>
+
+#include <cstdio>
+
+#include <sqlite3.h>
+
+using namespace vandrel::bench;
+
+int main(int argc, char** argv) {
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words << QString::fromLocal8Bit(argv[i]);
+    if (words.size() == 3 && words[0] == QLatin1String("--report"))
+        return reportChild(argc, argv, words[1], words[2]);
+
+    sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0); // as the program sets it, before the counter wakes the engine
+    if (syncCounterInstall() != 0) return 1;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const QString folder =
+        QDir().absoluteFilePath(words.isEmpty() ? QStringLiteral("bench-data") : words.takeFirst());
+    const int rounds = words.isEmpty() ? 7 : words.takeFirst().toInt();
+    const auto wanted = [&](const char* what) {
+        return words.isEmpty() || words.contains(QLatin1String(what));
+    };
+    Table table;
+    for (const auto& [sheets, name] : {std::pair(100'000, "100,000"), std::pair(500'000, "500,000")}) {
+        const QString clinic = QDir(folder).filePath(QString::number(sheets));
+        const QString size = QLatin1String(name);
+        std::fprintf(stderr, "%s sheets\n", name);
+        makeSampleClinic(clinic, sheets);
+        if (wanted("start")) measureStart(table, clinic, size, rounds);
+        if (wanted("entry")) measureEntry(table, clinic, size, folder + QStringLiteral("/copy"), rounds);
+        if (wanted("report")) measureReport(table, clinic, size, folder + QStringLiteral("/floor"), rounds);
+    }
+    table.print();
+    return 0;
+}

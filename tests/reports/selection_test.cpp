@@ -1,0 +1,190 @@
+// Periods, the selection of both reports, the handlers' table and the write-back of the marks.
+#include "reports/fault_policy.h"
+#include "reports/report_period.h"
+#include "reports/report_target.h"
+#include "reports/selection.h"
+#include "reports/write_back.h"
+#include "support/report_data.h"
+
+using namespace vandrel;
+using namespace vandrel::test;
+
+TEST(ReportPeriod, Defaults) {
+    const struct {
+        const char* mode;
+        QDate today;
+        const char* period;
+        const char* settlement;
+    } cases[] = {
+        {"0", {2008, 4, 3}, "2008.03", "2008.04"},  {"0", {2008, 1, 31}, "2007.12", "2008.01"},
+        {"E", {2008, 1, 1}, "2007.12", "2008.01"},  {"E", {2008, 12, 1}, "2008.11", "2008.12"},
+        {"1", {2008, 4, 3}, "2008.02", "2008.03"},  {"1", {2008, 1, 15}, "2007.11", "2007.12"},
+        {"1", {2008, 2, 15}, "2007.12", "2008.01"}, {"1", {2008, 3, 15}, "2008.01", "2008.02"},
+    };
+    for (const auto& expected : cases) {
+        const ReportPeriods periods = defaultPeriods(QString::fromLatin1(expected.mode), expected.today);
+        EXPECT_EQ(periods.period, QLatin1String(expected.period)) << expected.mode;
+        EXPECT_EQ(periods.settlement, QLatin1String(expected.settlement)) << expected.mode;
+    }
+}
+
+TEST(ReportPeriod, OnlyUnfilledMasksAreRefused) {
+    const QString empty = QStringLiteral("    .  "), full = QStringLiteral("2008.03"),
+                  odd = QStringLiteral("9   .99");
+    const struct {
+        ReportRequest request;
+        QString message;
+    } cases[] = {
+        {{QStringLiteral("0"), empty, empty, empty}, QStringLiteral("Hibás induló dátum!")},
+        {{QStringLiteral("0"), full, empty, empty}, QStringLiteral("Hibás vég dátum!")},
+        {{QStringLiteral("0"), full, full, empty}, {}},
+        {{QStringLiteral("0"), odd, odd, empty}, {}},
+        {{QStringLiteral("1"), full, full, empty}, QStringLiteral("Hibás elszámolási időszak dátum!")},
+        {{QStringLiteral("E"), full, empty, empty}, {}},
+    };
+    for (const auto& expected : cases)
+        EXPECT_EQ(checkPeriods(expected.request), expected.message);
+}
+
+namespace {
+
+QString due(TestWorkstation& test, Selection selection, const char* from, const char* to) {
+    EventTurn turn({});
+    QStringList keys;
+    for (const qint64 sheet :
+         dueSheets(test.workstation, selection, QString::fromUtf8(from), QString::fromUtf8(to), turn))
+        keys << QString::number(sheet);
+    return keys.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+TEST(Selection, ThePeriodComparesSevenCharacters) {
+    TestWorkstation test;
+    const char* dates[] = {"'2008.03.01.'", "'2008.02.29.'", "'2008.03.31.'", "'2008.04.01.'", "'2008.03'",
+                           "'2008.03.雪'",  "' '",           "null",          "'2008.0'"};
+    int key = 0;
+    for (const char* date : dates)
+        addSheet(test, ++key, {{"F_DATUM", date}}, {});
+    EXPECT_EQ(due(test, Selection::original, "2008.03", "2008.03"), QStringLiteral("1 3 5 6"));
+    EXPECT_EQ(due(test, Selection::original, "2008.02", "2008.03"), QStringLiteral("1 2 3 5 6"));
+    EXPECT_EQ(due(test, Selection::original, "2008.04", "2008.03"), QString());
+    EXPECT_EQ(due(test, Selection::original, "2008.0 ", "2008.04"), QStringLiteral("1 2 3 4 5 6"));
+    // Texts of another length take the plain comparison.
+    EXPECT_EQ(due(test, Selection::original, "2008.0", "2008.03"), QStringLiteral("1 2 3 5 6 9"));
+    EXPECT_EQ(due(test, Selection::original, "", "2008.1"), QStringLiteral("1 2 3 4 5 6 7 9"));
+}
+
+TEST(Selection, CorrectedSheetsGoToTheirOwnTableWithTheirOwnMark) {
+    TestWorkstation test;
+    addReportMasterData(test);
+    const std::vector<LineData> lines(7, {"'11041'", "1", "'A'"});
+    addSheet(test, 1,
+             {{"JAV", "'1'"},
+              {"FLOPPY", "1"},
+              {"ER_AZON", "'020000002'"},
+              {"ENAPLO", "'77'"},
+              {"EDATUM", "'2008.01.05.'"},
+              {"PaciensId", "1"}},
+             lines);
+    addSheet(test, 2, {{"JAV", "'2'"}}, {});
+    addSheet(test, 3, {{"JAV", "'0'"}}, lines);
+    addSheet(test, 4, {{"JAV", "'1'"}, {"FLOPPY2", "1"}}, lines);
+    EventTurn turn({});
+    ReportProgress progress;
+    const auto sheets = dueSheets(test.workstation, Selection::corrected, QStringLiteral("2008.03"),
+                                  QStringLiteral("2008.03"), turn);
+    EXPECT_EQ(flattenSheets(test.workstation, Selection::corrected, sheets, turn, progress), 2);
+    EXPECT_EQ(firstText(test.data(), "select group_concat(FLOPPY || FLOPPY2, ' ') from BETEG"),
+              QStringLiteral("11 01 00 01"));
+    Database& scratch = test.workstation.files[DataFile::tetseged];
+    EXPECT_EQ(firstText(scratch, "select group_concat(coalesce(Jav || Er_azon || Enaplo || ' ' || Edatum || "
+                                 "Taj, 'null') || Naplo || Who_1, '|') from Leval_jav"),
+              QStringLiteral("102000000277 200801051111111101"
+                             "11041|null111041"));
+    EXPECT_EQ(firstText(scratch, "select count(*) from Leval_er"), QStringLiteral("0"));
+}
+
+TEST(FaultPolicy, RetryAndSkip) {
+    int tries = 0, waits = 0;
+    const auto locked = [&] {
+        if (++tries < 3) throw Fault(fault::permissionDenied, {});
+    };
+    runStatement(
+        writerFaults, [&] { return ++waits > 0; }, locked);
+    EXPECT_EQ(tries, 3);
+    EXPECT_EQ(waits, 2);
+    tries = -1000; // locked for good: whoever waits may give up
+    EXPECT_THROW(runStatement(
+                     writerFaults, [&] { return ++waits < 10; }, locked),
+                 Fault);
+    EXPECT_EQ(waits, 10);
+    for (const int number : {53, 75})
+        EXPECT_NO_THROW(runStatement(
+            writerFaults, [] { return true; }, [number] { throw Fault(number, {}); }));
+    for (const int number : {5, 52, 61, 71, 76, 3026})
+        EXPECT_THROW(runStatement(
+                         writerFaults, [] { return true; }, [number] { throw Fault(number, {}); }),
+                     Fault);
+}
+
+TEST(ReportTarget, Texts) {
+    EXPECT_TRUE(isDriveText(QStringLiteral("a:\\")));
+    EXPECT_FALSE(isDriveText(QStringLiteral("/media/a:")));
+    const QString separator = QDir::separator();
+    EXPECT_EQ(withClosingSeparator(QStringLiteral("/media/kulcs")),
+              QStringLiteral("/media/kulcs") + separator);
+    EXPECT_EQ(withClosingSeparator(QStringLiteral("/media/kulcs//")),
+              QStringLiteral("/media/kulcs") + separator);
+    EXPECT_EQ(withClosingSeparator(QStringLiteral("/")), QStringLiteral("/"));
+    EXPECT_EQ(withoutClosingSeparator(QStringLiteral("/")), QStringLiteral("/"));
+}
+
+TEST(WriteBack, EachOptionClearsItsOwnMarks) {
+    const QString march = QStringLiteral("2008.03");
+    const struct {
+        WriteBack option;
+        const char* left; // FLOPPY and FLOPPY2 of the sheets marked 10, 01, 11, 00, and of one in April
+        qint64 sheets;
+    } cases[] = {{WriteBack::original, "00 01 01 00 11", 2},
+                 {WriteBack::corrected, "10 00 10 00 11", 2},
+                 {WriteBack::both, "00 00 00 00 11", 3}};
+    for (const auto& expected : cases) {
+        TestWorkstation test;
+        addSheet(test, 1, {{"FLOPPY", "1"}}, {});
+        addSheet(test, 2, {{"FLOPPY2", "1"}, {"JAV", "'1'"}}, {});
+        addSheet(test, 3, {{"FLOPPY", "1"}, {"FLOPPY2", "1"}}, {});
+        addSheet(test, 4, {}, {});
+        addSheet(test, 5, {{"FLOPPY", "1"}, {"FLOPPY2", "1"}, {"F_DATUM", "'2008.04.01.'"}}, {});
+        test.dialogue.expect(QStringLiteral("Kész az adatvisszaállítás!"), programTitle, Icon::information);
+        EXPECT_EQ(writeBackMarks(test.workstation, march, march, expected.option, {}).sheets,
+                  expected.sheets);
+        EXPECT_EQ(firstText(test.data(), "select group_concat(FLOPPY || FLOPPY2, ' ') from BETEG"),
+                  QLatin1String(expected.left));
+        EXPECT_EQ(firstText(test.data(), "select group_concat(JAV, '') from BETEG"), QStringLiteral("01000"));
+    }
+}
+
+TEST(WriteBack, NothingFoundAndFaults) {
+    TestWorkstation test;
+    const QString march = QStringLiteral("2008.03");
+    addSheet(test, 1, {{"FLOPPY", "1"}}, {});
+    addSheet(test, 2, {{"FLOPPY", "1"}}, {});
+    test.dialogue.expect(QStringLiteral("Nincs visszaállítható adat!"), programTitle, Icon::warning);
+    writeBackMarks(test.workstation, march, march, WriteBack::corrected, {});
+    const QString empty = QStringLiteral("    .  ");
+    test.dialogue.expect(QStringLiteral("Nem adott meg -Tól értéket!"));
+    EXPECT_EQ(writeBackMarks(test.workstation, empty, empty, WriteBack::both, {}).field,
+              QStringLiteral("from"));
+    test.dialogue.expect(QStringLiteral("Nem adott meg -Ig értéket!"));
+    EXPECT_EQ(writeBackMarks(test.workstation, march, empty, WriteBack::both, {}).field,
+              QStringLiteral("to"));
+    // A fault leaves every mark as it was.
+    test.data().executeScript("create trigger refuse before update on BETEG when old.AZONOSITO='TST0000002' "
+                              "begin select raise(abort, 'no'); end");
+    test.dialogue.expect(QStringLiteral("Az adatvisszaállítás nem sikerült, az adatok nem változtak!\n"
+                                        "tetdata.mdb: az adat nem tárolható (no)"),
+                         QStringLiteral("Hiba"));
+    writeBackMarks(test.workstation, march, march, WriteBack::original, {});
+    EXPECT_EQ(firstText(test.data(), "select sum(FLOPPY) from BETEG"), QStringLiteral("2"));
+}
