@@ -14,8 +14,8 @@ namespace {
 
 constexpr std::size_t periodLength = 7;
 constexpr std::size_t rowLines = 6; // procedure positions of a row
-// Sheets a commit. One commit of a whole month would hold the window for longer than a glance.
-constexpr int sheetsPerCommit = 1500;
+// Sheets a commit. Each commit waits for the disk, and one of a large month would hold the window up.
+constexpr int sheetsPerCommit = 8000;
 
 const QString preparing = QStringLiteral("Előkészítés: ");
 
