@@ -163,6 +163,11 @@ struct ReportPlace {
     const char16_t* title;
 };
 
+// The name in the list of tests; without it the engine prints the bytes of the struct.
+void PrintTo(const ReportPlace& place, std::ostream* out) {
+    *out << place.name;
+}
+
 class FullDiskReport : public testing::TestWithParam<ReportPlace> {};
 
 TEST_P(FullDiskReport, ShowsItsBoxAndHarmsNothing) {
