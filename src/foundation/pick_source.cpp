@@ -2,6 +2,11 @@
 // a register of any size opens at once and no read lock stands while the list is open.
 #include "foundation/code_lists.h"
 
+#include "foundation/prefix_search.h"
+#include "platform/text_compare.h"
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vandrel {
@@ -13,6 +18,11 @@ class ListSource : public PickSource {
     explicit ListSource(const QStringList& entries) : m_entries(entries) {}
     int count() const override { return static_cast<int>(m_entries.size()); }
     QString line(int row) override { return m_entries.value(row); }
+    int rowBeginningWith(const QString& text) override {
+        for (int row = 0; row < count(); ++row)
+            if (startsWithText(m_entries[row], text)) return row;
+        return -1;
+    }
 
   private:
     QStringList m_entries;
@@ -21,16 +31,19 @@ class ListSource : public PickSource {
 struct TableLines {
     PickMarker marker;
     DataFile file;
+    const char* table;
+    const char* code;
     const char* rows;
     const char* line; // one column: the text; Null parts are empty
 };
 
 constexpr TableLines tables[] = {
-    {PickMarker::Szakrend, DataFile::tetmod, "select rowid from SZAKREND order by rowid",
+    {PickMarker::Szakrend, DataFile::tetmod, "SZAKREND", "REND_KOD",
+     "select rowid from SZAKREND order by rowid",
      "select ifnull(REND_KOD,'')||' - '||ifnull(REND_NEV,'') from SZAKREND where rowid=?1"},
-    {PickMarker::Orvkod, DataFile::tetmod, "select rowid from ORVOSOK order by rowid",
+    {PickMarker::Orvkod, DataFile::tetmod, "ORVOSOK", "ORVKOD", "select rowid from ORVOSOK order by rowid",
      "select ifnull(ORVKOD,'')||' - '||ifnull(NEV,'') from ORVOSOK where rowid=?1"},
-    {PickMarker::Paciens, DataFile::tetdata, "select rowid from Paciensek order by rowid",
+    {PickMarker::Paciens, DataFile::tetdata, "Paciensek", "TAJ", "select rowid from Paciensek order by rowid",
      "select ifnull(TAJ,'')||' - '||ifnull(Neve,'')||': '||ifnull(Irszam,'')||' - '||ifnull(City,'')||', '||"
      "ifnull(Cim,'') from Paciensek where rowid=?1"},
 };
@@ -47,6 +60,13 @@ class TableSource : public PickSource {
         if (row < 0 || row >= count()) return {};
         Query line = m_station.files[m_table.file].query(m_table.line, m_rows[static_cast<std::size_t>(row)]);
         return line.next() ? line.text(0) : QString();
+    }
+    int rowBeginningWith(const QString& text) override {
+        const std::optional<qint64> rowid =
+            firstRowStartingWith(m_station.files[m_table.file], m_table.table, m_table.code, text);
+        if (!rowid) return -1;
+        const auto place = std::ranges::lower_bound(m_rows, *rowid); // rowids grow
+        return place != m_rows.end() && *place == *rowid ? static_cast<int>(place - m_rows.begin()) : -1;
     }
 
   private:

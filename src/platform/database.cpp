@@ -301,4 +301,17 @@ void Transaction::commit() {
     m_open = false;
 }
 
+ReadTransaction::ReadTransaction(Database& database)
+    : m_database(database), m_own(!database.inTransaction()) {
+    if (m_own) m_database.execute("begin");
+}
+
+ReadTransaction::~ReadTransaction() {
+    try {
+        if (m_own && m_database.inTransaction()) m_database.execute("commit");
+    } catch (const Fault&) {
+        // Nothing was written: there is nothing to lose.
+    }
+}
+
 } // namespace vandrel

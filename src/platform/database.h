@@ -147,4 +147,18 @@ class Transaction {
     bool m_open = true;
 };
 
+// One lock for many questions: without it each question takes the file's lock, looks whether the file was
+// changed, and gives the lock back, which costs more than a short question itself. Writers wait meanwhile.
+class ReadTransaction {
+  public:
+    explicit ReadTransaction(Database& database);
+    ~ReadTransaction();
+    ReadTransaction(const ReadTransaction&) = delete;
+    ReadTransaction& operator=(const ReadTransaction&) = delete;
+
+  private:
+    Database& m_database;
+    bool m_own; // false inside another transaction, which serves as well
+};
+
 } // namespace vandrel

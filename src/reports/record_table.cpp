@@ -38,6 +38,15 @@ void RecordFormatter::append(std::string& target, std::span<const Value> values)
             continue;
         }
         const std::string_view value = values[i].value_or(std::string_view());
+        // Nearly all values are plain ASCII: one look decides, and one byte is one character.
+        bool plain = true;
+        for (const char c : value)
+            plain = plain && static_cast<unsigned char>(c) >= 0x20 && static_cast<unsigned char>(c) < 0x7f;
+        if (plain && value.size() <= column.width) {
+            target.append(column.width - value.size(), column.padding);
+            target.append(value);
+            continue;
+        }
         const std::size_t before = target.size();
         const std::size_t length = code_page::characters(value);
         const bool fits = length <= column.width;

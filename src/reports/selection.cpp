@@ -14,8 +14,8 @@ namespace {
 
 constexpr std::size_t periodLength = 7;
 constexpr std::size_t rowLines = 6; // procedure positions of a row
-// Sheets a commit. One commit of a whole month would hold the window for longer than a glance.
-constexpr int sheetsPerCommit = 1500;
+// Sheets a commit. Each commit waits for the disk, and one of a large month would hold the window up.
+constexpr int sheetsPerCommit = 8000;
 
 const QString preparing = QStringLiteral("Előkészítés: ");
 
@@ -389,16 +389,28 @@ std::vector<qint64> dueSheets(Workstation& station, Selection selection, const Q
                               const QString& to, EventTurn& turn) {
     const PeriodCondition period = periodCondition(from, to);
     Database& data = station.files[DataFile::tetdata];
-    // Sorted below and not by the engine, which would sort them all before it gives the first.
-    Query due = data.query("select rowid from BETEG where " + period.sql + " and " +
-                               std::string(shapeOf(selection).due),
-                           std::string_view(period.lower), std::string_view(period.upper));
+    // The index alone gives the rows of the period, by date. Sorted here and not by the engine, which would
+    // sort them all before it gives the first; looked at in stored order, where neighbours share a page.
+    const ReadTransaction reading(data);
     std::vector<qint64> sheets;
-    while (due.next()) {
-        sheets.push_back(due.integer(0));
-        if ((sheets.size() & 63) == 0 && turn.due()) turn.serve();
+    {
+        Query inPeriod = data.query("select rowid from BETEG where " + period.sql,
+                                    std::string_view(period.lower), std::string_view(period.upper));
+        while (inPeriod.next()) {
+            sheets.push_back(inPeriod.integer(0));
+            if ((sheets.size() & 63) == 0 && turn.due()) turn.serve();
+        }
     }
     std::sort(sheets.begin(), sheets.end());
+    Query due = data.query("select 1 from BETEG where rowid=?1 and " + std::string(shapeOf(selection).due));
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < sheets.size(); ++i) {
+        due.bind(1, sheets[i]);
+        if (due.next()) sheets[kept++] = sheets[i];
+        due.reset();
+        if ((i & 63) == 0 && turn.due()) turn.serve();
+    }
+    sheets.resize(kept);
     return sheets;
 }
 
@@ -420,7 +432,7 @@ qint64 flattenSheets(Workstation& station, Selection selection, const std::vecto
             marks.begin();
         }
         if (position == total || turn.due()) {
-            progress.moved(preparing, position, total);
+            if (turn.displayDue() || position == total) progress.moved(preparing, position, total);
             turn.serve();
         }
     }

@@ -38,20 +38,21 @@ SheetFields defaults() {
     return fields;
 }
 
-void showInstitution(Workstation& station, NewSheet& sheet) {
+} // namespace
+
+InstitutionLines institutionLines(Workstation& station) {
+    InstitutionLines lines;
     Query row = station.files[DataFile::tetdata].query(
         "select Int_nev, irsz, City, cim from intezet order by rowid limit 1");
-    if (!row.next()) return;
-    sheet.institutionName = row.text(0).trimmed();
+    if (!row.next()) return lines;
+    lines.name = row.text(0).trimmed();
     const QString city = row.text(2).trimmed();
     const QString street = row.text(3).trimmed();
-    QString& address = sheet.institutionAddress;
-    address = row.text(1).trimmed();
-    if (!city.isEmpty()) address += (address.isEmpty() ? QString() : u" - "_s) + city;
-    if (!street.isEmpty()) address += (address.isEmpty() ? QString() : u", "_s) + street;
+    lines.address = row.text(1).trimmed();
+    if (!city.isEmpty()) lines.address += (lines.address.isEmpty() ? QString() : u" - "_s) + city;
+    if (!street.isEmpty()) lines.address += (lines.address.isEmpty() ? QString() : u", "_s) + street;
+    return lines;
 }
-
-} // namespace
 
 NewSheet makeNewSheet(Workstation& station) {
     NewSheet sheet;
@@ -77,7 +78,7 @@ NewSheet makeNewSheet(Workstation& station) {
     if (label.isEmpty()) station.dialogue.tell(u"Üres a gépazonosító!"_s);
     fields.Azonosito = label + number;
 
-    showInstitution(station, sheet);
+    sheet.institution = institutionLines(station);
     return sheet;
 }
 

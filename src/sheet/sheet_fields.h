@@ -41,11 +41,17 @@ struct SheetFieldName {
 };
 std::span<const SheetFieldName> sheetFieldNames();
 
+// The institution as the sheet's head shows it; both empty when nothing is known of it.
+struct InstitutionLines {
+    QString name;
+    QString address; // Irsz - City, cim; each part only when present
+};
+InstitutionLines institutionLines(Workstation& station);
+
 // What Uj puts on the form: the fields, the header lines, and whether the label is missing.
 struct NewSheet {
     SheetFields fields;
-    QString institutionName;
-    QString institutionAddress; // Irsz - City, cim; each part only when present
+    InstitutionLines institution;
 };
 
 // Makes a new sheet: last unit and doctor, journal number and key. Nothing is written: the key is not

@@ -139,4 +139,43 @@ TEST_F(FieldChainTest, MasksKeepTheirLiteralsAndBlanks) {
     EXPECT_TRUE(date->isEmptyMask());
 }
 
+// Several keys may wait in the queue while a box or a slow step holds the program up.
+TEST_F(FieldChainTest, KeysTypedAheadAreNotWrittenOver) {
+    QLineEdit* a = edit("a");
+    QLineEdit* b = edit("b");
+    chain.add(a);
+    chain.add(b);
+    showOn(a);
+    QTest::keyClick(a, Qt::Key_Return);
+    QTest::keyClick(b, Qt::Key_1); // no event loop between
+    QTest::keyClick(b, Qt::Key_2);
+    QCoreApplication::processEvents();
+    typeText(QStringLiteral("3"));
+    EXPECT_EQ(b->text(), QStringLiteral("123"));
+}
+
+TEST_F(FieldChainTest, FocusedFieldIsCheckedOnDemand) {
+    QLineEdit* a = edit("a");
+    QLineEdit* b = edit("b");
+    int checks = 0;
+    bool good = false;
+    chain.add(a, {.leave = [&] {
+                  ++checks;
+                  return good;
+              }});
+    chain.add(b);
+    showOn(a);
+    EXPECT_FALSE(chain.checkFocused());
+    EXPECT_EQ(focusName(), QStringLiteral("a"));
+    good = true;
+    EXPECT_TRUE(chain.checkFocused());
+    b->setFocus();
+    EXPECT_TRUE(chain.checkFocused()); // settles what was left
+    EXPECT_EQ(checks, 3);
+    chain.blockChecks(true);
+    a->setFocus();
+    EXPECT_TRUE(chain.checkFocused());
+    EXPECT_EQ(checks, 3);
+}
+
 } // namespace vandrel::test

@@ -162,8 +162,9 @@ TEST(TetadLeave, WrongValuesAreToldAndGiveTheFocusBack) {
         {"Orvkod", u"99999", u"", u"99999", false}, // silent while the general switch is on
         {"Nem", u"9", u"", u"9", false},
     };
+    SheetScreen screen;
     for (const Case& wrong : cases) {
-        SheetScreen screen;
+        screen.form.close();
         screen.open();
         screen.go(wrong.field);
         SCOPED_TRACE(std::string(wrong.field) + " " + QString::fromUtf16(wrong.typed).toStdString());

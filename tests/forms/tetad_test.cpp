@@ -40,6 +40,8 @@ TEST(Tetad, NewSheetStandsOnTheForm) {
     EXPECT_EQ(focusName(), u"Szakrend"_s);
     EXPECT_EQ(screen.label("Azonosito"), u"A010000042"_s);
     EXPECT_EQ(screen.label("modszoveg"), QString());
+    EXPECT_EQ(screen.label("Int_nev"), u"Városi <Rendelő> & Társa"_s);
+    EXPECT_EQ(screen.label("Int_cim"), u"6720 - Szeged"_s);
     EXPECT_EQ(screen.label("ma"), u"2008.04.03."_s);
     const std::pair<const char*, const char16_t*> defaults[] = {
         {"Szakrend", u""},
@@ -244,6 +246,59 @@ TEST(Tetad, LeavingKeepsTheLinesForTheNextSheet) {
     EXPECT_EQ(screen.form.findChild<QTableWidget*>(u"EUSZOLG"_s)->item(0, 0)->text(), u"11301"_s);
 }
 
+TEST(Tetad, StoredCorrectionWritesOverItsSheetWithoutAWord) {
+    SheetScreen screen;
+    screen.open();
+    enter(u"010000001"_s);
+    screen.go("Szem_szam");
+    typeText(u"123456788"_s);
+    screen.go("BEAV");
+    enter(u"11041"_s);
+    screen.dialogue.expectQuestion(storedQuestion, Answer::no);
+    pressKey(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(screen.form.isVisible());
+
+    screen.setUp.data().execute("update BETEG set FLOPPY=3");
+    SheetFields stored = screen.form.fields();
+    stored.correction = true;
+    screen.form.setFields(stored);
+    screen.form.present();
+    ASSERT_TRUE(showActive(screen.form));
+    screen.go("Jav");
+    enter(u"2"_s);
+    enter(u"010000002"_s);
+    EXPECT_EQ(focusName(), u"Edatum"_s);
+    typeText(u"20080303"_s);
+    screen.go("Tova");
+    typeText(u"7"_s);
+    pressKey(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(screen.form.isVisible());
+    EXPECT_EQ(focusName(), u"Tova"_s);
+    EXPECT_EQ(
+        firstText(screen.setUp.data(),
+                  "select count(*)||'|'||JAV||'|'||ER_AZON||'|'||EDATUM||'|'||TOVA||'|'||FLOPPY from BETEG"),
+        u"1|2|010000002|2008.03.03.|7|0"_s);
+}
+
+// A field that has the focus at the store is checked like one that was left.
+TEST(Tetad, StoreChecksTheFieldThatHasTheFocus) {
+    SheetScreen screen;
+    screen.open();
+    enter(u"010000001"_s);
+    screen.go("Szem_szam");
+    typeText(u"123456788"_s);
+    screen.go("Diag1");
+    typeText(u"QQQQQ"_s);
+    screen.dialogue.expect(u"Nincs ilyen 'BNO kód'!"_s, u"Hiba"_s);
+    pressKey(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(focusName(), u"Diag1"_s);
+    EXPECT_EQ(firstText(screen.setUp.data(), "select count(*) from BETEG"), u"0"_s);
+    screen.go("Cim");
+    typeText(u"abc"_s);
+    pressKey(Qt::Key_K, Qt::ControlModifier); // not there yet, and no editing key either
+    EXPECT_EQ(screen.text("Cim"), u"abc"_s);
+}
+
 TEST(Tetad, CorrectionStaysOpenAndFollowsNoUnit) {
     SheetScreen screen;
     screen.open();
@@ -298,6 +353,54 @@ TEST(Tetad, HostileTextIsKeptToTheLetter) {
         firstText(screen.setUp.data(), "select Neve||'|'||Anyja_neve||'|'||TAJ from Paciensek where ID=8"),
         hostile + u'|' + hostile + u"|'%_<b>"_s);
     EXPECT_EQ(firstText(screen.setUp.data(), "select IGENYLO from BETEG"), u"'; drop"_s);
+}
+
+// As the program runs it: opened before its first content, deleted when it closes, the opener waiting.
+TEST(Tetad, GivesTheOpenerBackAndGoes) {
+    SheetScreen screen;
+    QWidget opener;
+    opener.show();
+    auto* form = new tetad(screen.setUp.workstation, &opener);
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    const QPointer<QWidget> there = form;
+    form->open();
+    form->Uj();
+    ASSERT_TRUE(showActive(*form));
+    EXPECT_FALSE(opener.isEnabled());
+    EXPECT_EQ(focusName(), u"Szakrend"_s);
+    form->findChild<QLineEdit*>(u"Anyja_neve"_s)->setFocus();
+    pressKey(Qt::Key_X, Qt::ControlModifier);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(there, nullptr);
+    EXPECT_TRUE(opener.isEnabled());
+    // Without its data file there is no new sheet: a box, and the opener is there again.
+    screen.setUp.workstation.files.close(DataFile::tetdata);
+    QFile::remove(screen.setUp.path(u"tetdata.mdb"_s));
+    tetad other(screen.setUp.workstation, &opener);
+    screen.dialogue.expect(u"Nem található a tetdata.mdb állomány!"_s, u"Hiba"_s);
+    other.open();
+    other.Uj();
+    EXPECT_FALSE(other.isVisible());
+    EXPECT_TRUE(opener.isEnabled());
+}
+
+// What a stored sheet holds goes over the form and back without a change, over-long and odd as it may be.
+TEST(Tetad, EveryFieldGivesBackWhatItWasGiven) {
+    SheetScreen screen;
+    screen.open();
+    SheetFields given = screen.form.fields();
+    given.correction = true;
+    for (const SheetFieldName& field : sheetFieldNames()) {
+        QString& value = field.of(given);
+        if (value.contains(u'.') || value.contains(u':')) continue; // masked: dates and the time
+        value = u"O'Brien %_\"; <b>x</b>\n& 漢 "_s + QString::fromLatin1(field.name) + QString(2000, u'ű');
+    }
+    given.Terites = u"0R"_s;
+    screen.form.setFields(given);
+    SheetFields back = screen.form.fields();
+    for (const SheetFieldName& field : sheetFieldNames())
+        EXPECT_EQ(field.of(back), field.of(given)) << field.name;
+    EXPECT_TRUE(back.correction);
 }
 
 } // namespace vandrel::test

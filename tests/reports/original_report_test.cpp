@@ -262,7 +262,7 @@ TEST_F(OriginalReport, TheGrandTotalRunsOn) {
 
 TEST_F(OriginalReport, ALargeMonthCrossesEveryPortion) {
     test.data().executeScript(
-        "begin; with recursive n(i) as (select 1 union all select i+1 from n where i<4000) insert into BETEG "
+        "begin; with recursive n(i) as (select 1 union all select i+1 from n where i<9000) insert into BETEG "
         "(AZONOSITO, F_DATUM, FLOPPY, JAV, SZAKREND, NAPLO) select printf('TST%07d', i), "
         "printf('2008.03.%02d.', 31 - i % 31), 0, '0', '010000001', i from n;"
         "insert into EUSZOLG select AZONOSITO, '11041', 1, 'A' from BETEG; commit;");
@@ -270,12 +270,12 @@ TEST_F(OriginalReport, ALargeMonthCrossesEveryPortion) {
     test.workstation.serveEvents = [&turns] { ++turns; };
     const ReportOutcome outcome = run();
     EXPECT_TRUE(outcome.complete);
-    EXPECT_EQ(outcome.records, 4000);
+    EXPECT_EQ(outcome.records, 9000);
     EXPECT_GE(turns, 2);
-    EXPECT_EQ(firstText(test.data(), "select count(*) from BETEG where FLOPPY=1"), QStringLiteral("4000"));
+    EXPECT_EQ(firstText(test.data(), "select count(*) from BETEG where FLOPPY=1"), QStringLiteral("9000"));
     const QList<QByteArray> lines = fileBytes(amb()).split('\n');
-    ASSERT_EQ(lines.size(), 8 + 4000 + 1);
-    for (int i = 0; i < 4000; ++i) // stored order, whatever the dates say
+    ASSERT_EQ(lines.size(), 8 + 9000 + 1);
+    for (int i = 0; i < 9000; ++i) // stored order, whatever the dates say
         ASSERT_EQ(lines[8 + i].mid(45, 8).toInt(), i + 1);
 }
 

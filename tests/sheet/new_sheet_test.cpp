@@ -96,11 +96,11 @@ TEST(NewSheet, InstitutionAndUserFields) {
     station.data().executeScript(
         "insert into intezet (Int_nev,irsz,City,cim) values ('Rendelő','7621','Pécs','Fő tér 1.');"
         "update EGYEBPAR set Felh2_nev='Sorszám', Felh2_hossz='12';");
-    EXPECT_EQ(makeNewSheet(station.workstation).institutionAddress, u"7621 - Pécs, Fő tér 1."_s);
+    EXPECT_EQ(makeNewSheet(station.workstation).institution.address, u"7621 - Pécs, Fő tér 1."_s);
     station.data().execute("update intezet set irsz=' '");
-    EXPECT_EQ(makeNewSheet(station.workstation).institutionAddress, u"Pécs, Fő tér 1."_s);
+    EXPECT_EQ(makeNewSheet(station.workstation).institution.address, u"Pécs, Fő tér 1."_s);
     station.data().execute("update intezet set cim=null");
-    EXPECT_EQ(makeNewSheet(station.workstation).institutionAddress, u"Pécs"_s);
+    EXPECT_EQ(makeNewSheet(station.workstation).institution.address, u"Pécs"_s);
     const auto users = userFields(station.workstation);
     EXPECT_FALSE(users[0].inUse());
     EXPECT_EQ(users[1].caption, u"Sorszám"_s);

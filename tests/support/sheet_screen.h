@@ -25,6 +25,8 @@ struct SheetScreen {
     SheetScreen() {
         setUp.data().execute("insert or replace into Gepazonosito (rowid, Gepazon) values (1, 'A01')");
         setUp.data().executeScript(
+            "delete from intezet; insert into intezet (Int_nev, irsz, City) values"
+            " ('Városi <Rendelő> & Társa', '6720', 'Szeged');"
             "delete from AZONOSIT; insert into AZONOSIT (END_AZON, Tp_naplo) values ('A010000041', 0);"
             "delete from Utolsok; insert into Utolsok (UTPaciens) values (7);"
             "insert into [DEFAULT] (SZAKREND, ORVKOD, NAPLO, TN) values ('010000001', '11111', 12, 0);"

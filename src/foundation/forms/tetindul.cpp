@@ -226,14 +226,15 @@ void tetindul::trigger(std::string_view entry) {
     if (found == m_openers.end()) return;
     try {
         found->second();
-    } catch (const Fault&) {
+    } catch (const Fault& fault) {
+        // Told here and not left to the event loop: a fault must not pass through the menu's own code.
+        m_station.dialogue.tell(fault.text(), QStringLiteral("Hiba"));
         // A form that did not come up cannot hand the window back.
         const QWidgetList windows = QApplication::topLevelWidgets();
         const bool formStands = std::ranges::any_of(windows, [](const QWidget* window) {
             return qobject_cast<const WorkForm*>(window) != nullptr && window->isVisible();
         });
         if (!formStands) setEnabled(true);
-        throw;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "foundation/forms/window_helpers.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QLocale>
 #include <QScreen>
 #include <QStyleFactory>
@@ -32,6 +33,10 @@ void centreOnScreen(QWidget& window) {
 void prepareApplication(QApplication& application) {
     QLocale::setDefault(QLocale(QLocale::Hungarian, QLocale::Hungary));
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    // The machine's default may be a typewriter face where few fonts are installed.
+    QFont font = application.font();
+    font.setFamilies({QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans")});
+    application.setFont(font);
 }
 
 } // namespace vandrel

@@ -66,6 +66,7 @@ flujForm::flujForm(Workstation& station, QWidget* opener) : WorkForm(station, op
     m_start = new QPushButton(QStringLiteral("Visszaállítás"));
     m_start->setObjectName(QStringLiteral("Visszaallitas"));
     m_start->setAccessibleName(m_start->text());
+    m_start->setMinimumWidth(m_start->fontMetrics().horizontalAdvance(m_start->text()) + 40);
     m_bar = new QProgressBar;
     m_bar->setObjectName(QStringLiteral("Folyamat"));
     m_bar->setAccessibleName(QStringLiteral("A visszaírás állása"));

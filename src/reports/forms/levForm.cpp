@@ -160,13 +160,16 @@ QWidget* levForm::makeProgressPanel() {
     auto* panel = new QGroupBox;
     auto* grid = new QGridLayout(panel);
     grid->setHorizontalSpacing(10);
+    grid->setVerticalSpacing(6);
     int line = 0;
     const auto counter = [&](const QString& name, const QString& caption) {
         QLabel* value = valueLabel(name, caption);
         value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         value->setMinimumWidth(90);
         value->setText(QStringLiteral("0"));
-        grid->addWidget(new QLabel(caption), line, 0);
+        auto* label = new QLabel(caption);
+        label->setMargin(2); // the marks of a capital stand above the font's own height
+        grid->addWidget(label, line, 0);
         grid->addWidget(value, line, 1);
         ++line;
         return value;
@@ -196,6 +199,8 @@ QWidget* levForm::makeProgressPanel() {
     bar->addWidget(m_bar, 1, 0);
     bar->addWidget(m_selected, 1, 1);
     bar->setColumnStretch(0, 1);
+    bar->setHorizontalSpacing(10);
+    bar->setVerticalSpacing(4);
     grid->setRowMinimumHeight(line++, 6);
     grid->addLayout(bar, line, 0, 1, 3);
     grid->setColumnStretch(2, 1);

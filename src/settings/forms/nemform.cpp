@@ -39,7 +39,7 @@ nemform::nemform() : QWidget(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::Cus
     m_text->setAlignment(Qt::AlignCenter);
     m_text->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     m_text->setMargin(14);
-    m_text->setMinimumSize(380, 80);
+    m_text->setMinimumSize(460, 80);
     m_button = new QPushButton(QStringLiteral("OK"));
     m_button->setObjectName(QStringLiteral("OK"));
     m_button->setAccessibleName(m_button->text());

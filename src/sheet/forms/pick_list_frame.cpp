@@ -1,8 +1,6 @@
 // A list view over lines that are fetched as they come into sight: a register of any size opens at once.
 #include "sheet/forms/pick_list_frame.h"
 
-#include "platform/text_compare.h"
-
 #include <QAbstractListModel>
 #include <QCheckBox>
 #include <QDateTime>
@@ -38,15 +36,20 @@ class PickLineModel : public QAbstractListModel {
             return fault.text();
         }
     }
+    int rowBeginningWith(const QString& text) const {
+        try {
+            return m_source->rowBeginningWith(text);
+        } catch (const Fault&) {
+            return -1; // the lines themselves say what is wrong
+        }
+    }
 
   private:
     std::unique_ptr<PickSource> m_source;
 };
 
 namespace {
-constexpr qint64 quickTyping = 1000;      // milliseconds between letters of one word
-constexpr qint64 longestJump = 250;       // milliseconds that a jump may look for its line
-constexpr int lineCountWithoutTimer = 64; // the clock is asked every so many lines
+constexpr qint64 quickTyping = 1000; // milliseconds between letters of one word
 } // namespace
 
 PickListFrame::PickListFrame(QWidget* form)
@@ -93,21 +96,9 @@ void PickListFrame::take(const QModelIndex& index) {
     Q_EMIT taken(m_model->line(index.row()).left(m_width));
 }
 
-// The first line from the current one on that begins with the letters; in a register of a hundred thousand
-// the search ends after a quarter of a second where it stands, without a jump.
 void PickListFrame::jump(const QString& typed) {
-    const int count = m_model->rowCount();
-    const qint64 start = QDateTime::currentMSecsSinceEpoch();
-    const int first = std::max(m_list->currentIndex().row(), 0);
-    for (int step = 0; step < count; ++step) {
-        const int row = (first + step) % count;
-        if (startsWithText(m_model->line(row), typed)) {
-            m_list->setCurrentIndex(m_model->index(row));
-            return;
-        }
-        if (step % lineCountWithoutTimer == 0 && QDateTime::currentMSecsSinceEpoch() - start > longestJump)
-            return;
-    }
+    const int row = m_model->rowBeginningWith(typed);
+    if (row >= 0) m_list->setCurrentIndex(m_model->index(row));
 }
 
 bool PickListFrame::eventFilter(QObject* watched, QEvent* event) {

@@ -236,7 +236,6 @@ void tetad::Uj() {
     m_desk->chain.blockChecks(true);
     const bool made = m_desk->guarded([this] {
         const NewSheet sheet = makeNewSheet(station());
-        m_head->setInstitution(sheet.institutionName, sheet.institutionAddress);
         setFields(sheet.fields);
     });
     if (!made) {
@@ -271,7 +270,11 @@ void tetad::setFields(const SheetFields& fields) {
     m_head->setMode(fields.correction ? u"Javítás"_s : QString());
     m_patient->clearEligibility();
     m_patient->forgetCountryName();
-    m_desk->guarded([this] { m_other->setUserFields(userFields(station())); });
+    m_desk->guarded([this] {
+        const InstitutionLines institution = institutionLines(station());
+        m_head->setInstitution(institution.name, institution.address);
+        m_other->setUserFields(userFields(station()));
+    });
     m_desk->write(fields);
     m_note->note()->setPlainText(fields.NOTE);
     m_procedures->showSheet(fields.Azonosito);
