@@ -40,6 +40,7 @@ ProceduresFrame::ProceduresFrame(SheetDesk& desk, const OpenDictionary& dictiona
     m_grid->setHorizontalHeaderLabels({u"Kód"_s, u"Mennyiség"_s, u"Jelleg"_s, u"Megnevezés"_s});
     m_grid->horizontalHeader()->setStretchLastSection(true);
     m_grid->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_grid->horizontalHeader()->setHighlightSections(false);
     m_grid->setColumnWidth(0, 76);
     m_grid->setColumnWidth(1, 84);
     m_grid->setColumnWidth(2, 54);
@@ -168,6 +169,9 @@ void ProceduresFrame::fillGrid(int currentRow) {
         }
         if (m_grid->rowCount() > 0)
             m_grid->setCurrentCell(std::clamp(currentRow, 0, m_grid->rowCount() - 1), 0);
+        // The grid knows its new height only after the layout: the newest line must not stay half hidden.
+        QMetaObject::invokeMethod(
+            m_grid, [grid = m_grid] { grid->scrollTo(grid->currentIndex()); }, Qt::QueuedConnection);
     });
     m_filling = false;
 }

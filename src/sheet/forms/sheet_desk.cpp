@@ -4,9 +4,11 @@
 #include "foundation/forms/masked_field.h"
 
 #include <QFontMetrics>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QResizeEvent>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +16,7 @@ namespace vandrel {
 
 namespace {
 
-// A long text ends in three dots instead of pushing its neighbours away.
+// A long text ends in three dots instead of pushing its neighbours away; the pointer over it shows it whole.
 class ElidedLabel : public QLabel {
   public:
     using QLabel::QLabel;
@@ -22,6 +24,15 @@ class ElidedLabel : public QLabel {
     QSize sizeHint() const override { return minimumSizeHint(); }
 
   protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ToolTip &&
+            fontMetrics().horizontalAdvance(text()) > contentsRect().width()) {
+            // Escaped: a tool tip would take data for mark-up.
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(), this);
+            return true;
+        }
+        return QLabel::event(event);
+    }
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setPen(palette().color(foregroundRole()));

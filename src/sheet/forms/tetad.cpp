@@ -284,8 +284,8 @@ void tetad::setFields(const SheetFields& fields) {
 
 // What an activation reads anew: the settings, and the day.
 void tetad::activate() {
-    const QString character = station().setup.value(u"ADATLAP_DEF"_s, u"BEAV_TIP"_s).trimmed();
-    m_procedures->setDefaultCharacter(character.isEmpty() ? u"A"_s : character);
+    // A clinic that leaves the setting empty wants the character typed for each line.
+    m_procedures->setDefaultCharacter(station().setup.value(u"ADATLAP_DEF"_s, u"BEAV_TIP"_s));
     m_head->setToday(format::shortDate(station().clock.today()));
     m_desk->chain.blockChecks(true);
     placeFocus();

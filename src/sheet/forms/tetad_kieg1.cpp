@@ -60,7 +60,9 @@ tetad_kieg1::tetad_kieg1(Workstation& station, QWidget* opener)
     m_search->installEventFilter(this);
     m_grid->installEventFilter(this);
     connect(m_search, &QLineEdit::textChanged, this, [this] { search(); });
-    connect(m_byName, &QRadioButton::toggled, this, [this] { setMode(); });
+    // Behind the button's own handling of the key, which takes the focus to the chosen button.
+    connect(
+        m_byName, &QRadioButton::toggled, this, [this] { setMode(); }, Qt::QueuedConnection);
     connect(m_next, &QPushButton::clicked, this, [this] { searchNext(); });
     connect(m_grid, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { take(index.row()); });
