@@ -34,7 +34,7 @@ void openPlain(Program& program, const MenuEntry&) {
 }
 
 void openNewSheet(Program& program, const MenuEntry&) {
-    program.openForm<tetad>().Uj();
+    program.makeForm<tetad>().Uj();
 }
 
 void openReport(Program& program, const MenuEntry& entry) {
@@ -93,7 +93,6 @@ bool Program::start() {
 void Program::adopt(WorkForm* form) {
     form->setAttribute(Qt::WA_DeleteOnClose);
     m_form = form;
-    form->open();
 }
 
 void Program::end() {

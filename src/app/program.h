@@ -34,12 +34,20 @@ class Program {
     WorkForm* currentForm() const { return m_form; }
     bool ended() const { return m_ended; }
 
-    // For the table of openers: makes a form, opens it before the main window and forgets it when it closes.
+    // For the table of openers. Makes a form that is forgotten when it closes; it opens itself when its
+    // content is there.
     template<class Form, class... More>
-    Form& openForm(const More&... more) {
+    Form& makeForm(const More&... more) {
         auto* form = new Form(m_station, m_mainWindow.get(), more...);
         adopt(form);
         return *form;
+    }
+    // The same, opened at once before the main window.
+    template<class Form, class... More>
+    Form& openForm(const More&... more) {
+        Form& form = makeForm<Form>(more...);
+        form.open();
+        return form;
     }
 
   private:

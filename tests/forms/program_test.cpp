@@ -48,6 +48,24 @@ TEST(Program, EveryLivingEntryOpensItsFormAndGetsTheWindowBack) {
     EXPECT_TRUE(program.ended());
 }
 
+// Nothing is shown before the new sheet has its content, and nothing stays when it gets none.
+TEST(Program, NewSheetThatCannotBeMadeLeavesTheMainWindow) {
+    TestWorkstation test;
+    test.data().executeScript("insert into intezet (Int_nev) values ('Rendelő');"
+                              "update Gepazonosito set Gepazon='R01';"
+                              "update AZONOSIT set END_AZON='R019999999'");
+    Program program(test.workstation, [] { return false; });
+    ASSERT_TRUE(program.start());
+    tetindul& window = program.mainWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    test.dialogue.expect(QStringLiteral("Elfogytak az adatlap-azonosítók: az utolsó kiadott R019999999."),
+                         QStringLiteral("Hiba"));
+    window.findChild<QAction*>(QStringLiteral("adfelv"))->trigger();
+    EXPECT_TRUE(window.isEnabled());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(program.currentForm(), nullptr);
+}
+
 TEST(Program, DoesNotStartWithoutItsData) {
     TestWorkstation test;
     ASSERT_TRUE(QFile::remove(test.path(QStringLiteral("beav.mdb"))));

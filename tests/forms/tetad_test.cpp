@@ -1,5 +1,6 @@
 // A sheet is typed as a clerk types it: keys only, from the unit field to the store, and found in the tables.
 #include "foundation/format.h"
+#include "sheet/forms/tetad_kieg1.h"
 #include "support/sheet_screen.h"
 
 using namespace Qt::StringLiterals;
@@ -244,6 +245,27 @@ TEST(Tetad, LeavingKeepsTheLinesForTheNextSheet) {
     EXPECT_EQ(firstText(screen.setUp.data(), "select BEAV from EUSZOLG where Azonosito='A010000042'"),
               u"11301"_s);
     EXPECT_EQ(screen.form.findChild<QTableWidget*>(u"EUSZOLG"_s)->item(0, 0)->text(), u"11301"_s);
+    EXPECT_EQ(screen.label("BEAV_NEV"), u"Kontrollvizsgálat"_s);
+}
+
+// The window's own button closes the form while its dictionary stands before it: no check runs any more.
+TEST(Tetad, GoesWithItsDictionaryAndChecksNothing) {
+    SheetScreen screen;
+    screen.open();
+    screen.go("Anyja_neve");
+    screen.go("Allampol_rov");
+    screen.dialogue.expect(u"Kötelezően kitöltendő adat!"_s, u"Hiba"_s); // from the first leaving
+    QCoreApplication::processEvents();
+    screen.field("Anyja_neve")->setText(u"Kiss"_s);
+    screen.go("Allampol_rov");
+    pressKey(Qt::Key_F1);
+    ASSERT_TRUE(screen.form.dictionary().isVisible());
+    screen.field("Allampol_rov")->clear();
+    screen.form.close();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(screen.form.dictionary().isVisible());
+    EXPECT_FALSE(screen.form.isVisible());
+    EXPECT_EQ(screen.form.dictionary().returnMarker(), 0);
 }
 
 TEST(Tetad, StoredCorrectionWritesOverItsSheetWithoutAWord) {
@@ -355,7 +377,7 @@ TEST(Tetad, HostileTextIsKeptToTheLetter) {
     EXPECT_EQ(firstText(screen.setUp.data(), "select IGENYLO from BETEG"), u"'; drop"_s);
 }
 
-// As the program runs it: opened before its first content, deleted when it closes, the opener waiting.
+// As the program runs it: it opens with its content, is deleted when it closes, and the opener waits.
 TEST(Tetad, GivesTheOpenerBackAndGoes) {
     SheetScreen screen;
     QWidget opener;
@@ -363,7 +385,6 @@ TEST(Tetad, GivesTheOpenerBackAndGoes) {
     auto* form = new tetad(screen.setUp.workstation, &opener);
     form->setAttribute(Qt::WA_DeleteOnClose);
     const QPointer<QWidget> there = form;
-    form->open();
     form->Uj();
     ASSERT_TRUE(showActive(*form));
     EXPECT_FALSE(opener.isEnabled());
@@ -376,12 +397,15 @@ TEST(Tetad, GivesTheOpenerBackAndGoes) {
     // Without its data file there is no new sheet: a box, and the opener is there again.
     screen.setUp.workstation.files.close(DataFile::tetdata);
     QFile::remove(screen.setUp.path(u"tetdata.mdb"_s));
-    tetad other(screen.setUp.workstation, &opener);
+    auto* other = new tetad(screen.setUp.workstation, &opener);
+    other->setAttribute(Qt::WA_DeleteOnClose);
+    const QPointer<QWidget> gone = other;
     screen.dialogue.expect(u"Nem található a tetdata.mdb állomány!"_s, u"Hiba"_s);
-    other.open();
-    other.Uj();
-    EXPECT_FALSE(other.isVisible());
+    other->Uj();
+    EXPECT_FALSE(other->isVisible());
     EXPECT_TRUE(opener.isEnabled());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(gone, nullptr);
 }
 
 // What a stored sheet holds goes over the form and back without a change, over-long and odd as it may be.

@@ -239,7 +239,7 @@ void tetad::Uj() {
         setFields(sheet.fields);
     });
     if (!made) {
-        if (isVisible()) close();
+        close(); // also when it was never shown: whoever made it gets it back, and the opener is free
         return;
     }
     present();
@@ -448,10 +448,11 @@ void tetad::setSickPayPreparation(const std::function<bool()>& preparation) {
 
 // Nothing is asked and no field is checked any more: what is not stored is left behind, but for the lines.
 void tetad::closeEvent(QCloseEvent* event) {
+    // The dictionary first: its closing hands the form back to the clerk and lets the checks run again.
+    if (m_dictionary->isVisible()) m_dictionary->close();
+    m_dictionary->clearMarker();
     m_desk->chain.blockChecks(true);
     uncoverAll();
-    m_dictionary->clearMarker();
-    if (m_dictionary->isVisible()) m_dictionary->close();
     WorkForm::closeEvent(event);
 }
 
