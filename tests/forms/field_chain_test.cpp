@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
@@ -66,6 +68,22 @@ TEST_F(FieldChainTest, NumericFieldsDropOtherKeys) {
     EXPECT_EQ(a->text(), QStringLiteral("12,3"));
     pressKey(Qt::Key_Backspace);
     EXPECT_EQ(a->text(), QStringLiteral("12,"));
+    QGuiApplication::clipboard()->setText(QStringLiteral("4x"));
+    a->paste();
+    EXPECT_EQ(a->text(), QStringLiteral("12,"));
+    QGuiApplication::clipboard()->setText(QStringLiteral("45"));
+    a->paste();
+    EXPECT_EQ(a->text(), QStringLiteral("12,45"));
+    // A stored value is shown as it is, and can be mended letter by letter.
+    a->setText(QStringLiteral("H-1117"));
+    EXPECT_EQ(a->text(), QStringLiteral("H-1117"));
+    pressKey(Qt::Key_Backspace);
+    typeText(QStringLiteral("8"));
+    EXPECT_EQ(a->text(), QStringLiteral("H-1118"));
+    pressKey(Qt::Key_Home);
+    pressKey(Qt::Key_Delete);
+    pressKey(Qt::Key_Delete);
+    EXPECT_EQ(a->text(), QStringLiteral("1118"));
 }
 
 TEST_F(FieldChainTest, AFailedCheckTakesTheFocusBackOnceAndDropsWhatWasTypedAhead) {

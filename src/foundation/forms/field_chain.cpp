@@ -8,6 +8,9 @@
 #include <QPalette>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
+#include <QValidator>
+
+#include <algorithm>
 
 namespace vandrel {
 
@@ -23,11 +26,40 @@ bool isEnter(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+bool numericLetter(QChar c) {
+    return (c >= QLatin1Char('0') && c <= QLatin1Char('9')) || c == QLatin1Char(',');
+}
+
 bool passesNumeric(const QKeyEvent& event) {
     const QString text = event.text();
     if (text.isEmpty() || !text[0].isPrint()) return true;
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) return true;
-    return (text[0] >= QLatin1Char('0') && text[0] <= QLatin1Char('9')) || text[0] == QLatin1Char(',');
+    return numericLetter(text[0]);
+}
+
+// What cannot be typed cannot be pasted or dropped either. A stored value with other letters may be shown and
+// shortened.
+class NumericPaste : public QValidator {
+  public:
+    explicit NumericPaste(QLineEdit* edit) : QValidator(edit), m_foreign(foreignLetters(edit->text())) {
+        connect(edit, &QLineEdit::textChanged, this,
+                [this](const QString& text) { m_foreign = foreignLetters(text); });
+    }
+    State validate(QString& text, int&) const override {
+        return foreignLetters(text) > m_foreign ? Invalid : Acceptable;
+    }
+
+  private:
+    static qsizetype foreignLetters(const QString& text) {
+        return text.size() - std::ranges::count_if(text, numericLetter);
+    }
+
+    qsizetype m_foreign; // in the text that stands
+};
+
+void takeNumbersOnly(QWidget* field) {
+    auto* edit = qobject_cast<QLineEdit*>(field);
+    if (edit != nullptr && edit->inputMask().isEmpty()) edit->setValidator(new NumericPaste(edit));
 }
 
 } // namespace
@@ -53,12 +85,14 @@ void FieldChain::add(QWidget* field, const FieldBehaviour& behaviour) {
         if (entry.chained) previous = entry.field;
     if (previous != nullptr) QWidget::setTabOrder(previous, field);
     m_entries.push_back({field, behaviour, true});
+    if (behaviour.numeric) takeNumbersOnly(field);
     field->installEventFilter(this);
     paint(field, field->hasFocus());
 }
 
 void FieldChain::adopt(QWidget* field, const FieldBehaviour& behaviour) {
     m_entries.push_back({field, behaviour, false});
+    if (behaviour.numeric) takeNumbersOnly(field);
     field->installEventFilter(this);
     paint(field, field->hasFocus());
 }

@@ -19,6 +19,8 @@ namespace {
 const QString requests[] = {u"Labor"_s, u"Rtg"_s, u"Ctmr"_s, u"K_kep"_s, u"Fizio"_s, u"Utkltg"_s};
 const QString counts[] = {u"Recept"_s, u"Gyogyseg"_s, u"Gyogyfurd"_s};
 
+constexpr int longestUserField = 35; // letters, as the parameters allow
+
 QString userField(int slot) {
     return u"Felh%1"_s.arg(slot);
 }
@@ -71,9 +73,11 @@ void OtherDataFrame::setUserFields(const std::array<UserField, 5>& fields) {
         edit->setAccessibleName(field.caption);
         edit->setVisible(field.inUse());
         if (!field.inUse()) continue;
-        m_desk.setLimit(userField(slot), std::clamp(field.length, 0, noLimit));
+        // A caption without a length limits nothing; a field that takes no letter would be a riddle.
+        const int length = field.length > 0 ? field.length : longestUserField;
+        m_desk.setLimit(userField(slot), std::min(length, noLimit));
         const int letter = edit->fontMetrics().horizontalAdvance(u'0');
-        edit->setMaximumWidth(letter * std::clamp(field.length + 2, 3, 80));
+        edit->setMaximumWidth(letter * std::clamp(length + 2, 3, 80));
     }
 }
 

@@ -16,14 +16,12 @@ namespace vandrel {
 
 namespace {
 
-const QColor normalCaption(212, 208, 200);
 const QString homeCountry = QStringLiteral("HUN");
 
 QLabel* makeCaption(const QString& name, const QString& accessible) {
     QLabel* label = SheetDesk::makeDataLabel(name);
     label->setAccessibleName(accessible);
     label->setToolTip(accessible);
-    label->setAutoFillBackground(true);
     label->setAlignment(Qt::AlignCenter);
     label->setFixedWidth(44);
     return label;
@@ -100,9 +98,9 @@ void PatientFrame::layOut(const OpenCalendar& calendar) {
 void PatientFrame::clearEligibility() {
     for (QLabel* caption : {m_eligibility, m_feeDuty}) {
         caption->clear();
-        QPalette palette = caption->palette();
-        palette.setColor(QPalette::Window, normalCaption);
-        caption->setPalette(palette);
+        // Nothing is seen of them while nothing was asked.
+        caption->setPalette(QPalette());
+        caption->setAutoFillBackground(false);
     }
     m_eligibility->setToolTip(m_eligibility->accessibleName());
 }

@@ -148,8 +148,8 @@ void ProceduresFrame::setDefaultCharacter(const QString& character) {
 
 void ProceduresFrame::showSheet(const QString& key) {
     m_key = key;
-    showName(QString());
     fillGrid(0);
+    currentLineChanged(m_grid->currentRow());
 }
 
 void ProceduresFrame::fillGrid(int currentRow) {
@@ -220,6 +220,8 @@ void ProceduresFrame::deleteLine() {
 }
 
 bool ProceduresFrame::eventFilter(QObject* watched, QEvent* event) {
+    // The line that is current already shows its name too, though an entry below may have cleared it.
+    if (watched == m_grid && event->type() == QEvent::FocusIn) currentLineChanged(m_grid->currentRow());
     if (watched == m_grid && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Delete) {

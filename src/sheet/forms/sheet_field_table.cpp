@@ -11,6 +11,7 @@ constexpr FieldShape date = FieldShape::date;
 constexpr bool digits = true;
 constexpr bool zero = true;
 
+// The blanks before some colons belong to the labels as the clinics know them.
 // Limits are the widths of the report's columns; texts that no report carries have none.
 constexpr SheetField fields[] = {
     {"Szakrend", u"Szakrendelés/Ell.orvos:", main, 9, 9, text, false, false, PickMarker::Szakrend},
@@ -57,10 +58,11 @@ constexpr SheetField fields[] = {
     {"MENNY", u"Mennyiség:", main, 3, 4, text, digits},
     {"BeavJelleg", u"Jelleg:", aside, 1, 2, text, false, false, PickMarker::BeavJelleg},
     {"Termen", u"Térítés vagy mentesség jogcíme:", aside, 2, 3},
-    {"Jav", u"Javítás:", aside, 1, 2, text, digits},
+    {"Jav", u"Javítás                :", aside, 1, 2, text, digits},
     {"Er_azon", u"Er. szakrend.", aside, 9, 9},
-    {"Edatum", u"Er. dátum:", aside, 11, 11, date, false, false, PickMarker::none, FieldDate::unchecked},
-    {"Enaplo", u"Er. napló:", aside, 8, 8, text, false, zero},
+    {"Edatum", u"Er. dátum          :", aside, 11, 11, date, false, false, PickMarker::none,
+     FieldDate::unchecked},
+    {"Enaplo", u"Er. napló            :", aside, 8, 8, text, false, zero},
     {"Labor", u"Laborvizsgálat kérés:", other, 1, 3, text, digits, false, PickMarker::Labor},
     {"Rtg", u"Képalkotó vizsgálat kérés:", other, 1, 3, text, digits, false, PickMarker::Rtg},
     {"Ctmr", u"CT, MR, PET vizsgálat kérés:", other, 1, 3, text, digits, false, PickMarker::Ctmr},

@@ -167,17 +167,17 @@ DiagnosesFrame::DiagnosesFrame(SheetDesk& desk, const OpenDictionary& dictionary
 
 CorrectionFrame::CorrectionFrame(SheetDesk& desk, const OpenCalendar& calendar, QWidget* parent)
     : FormGroup(u"Javítás"_s, 64, parent) {
-    QHBoxLayout* row = addRow(u"Javítás:"_s);
+    QHBoxLayout* row = addRow(sheetField(u"Jav")->label.toString());
     row->addWidget(desk.input(u"Jav"_s));
     row->addSpacing(12);
-    row->addWidget(plainLabel(u"Er. szakrend."_s));
+    row->addWidget(plainLabel(sheetField(u"Er_azon")->label.toString()));
     row->addWidget(desk.input(u"Er_azon"_s));
     row->addStretch(1);
-    row = addRow(u"Er. dátum:"_s);
+    row = addRow(sheetField(u"Edatum")->label.toString());
     row->addWidget(desk.input(u"Edatum"_s));
     row->addWidget(makeCalendarButton(desk, u"Edatum"_s, calendar));
     row->addSpacing(12);
-    row->addWidget(plainLabel(u"Er. napló:"_s));
+    row->addWidget(plainLabel(sheetField(u"Enaplo")->label.toString()));
     row->addWidget(desk.input(u"Enaplo"_s));
     row->addStretch(1);
     desk.link(u"Jav"_s, u"MENNY"_s, u"Er_azon"_s);
