@@ -128,14 +128,14 @@ TEST(TetadDictionary, SearchByCodeAndByName) {
     typeText(u"39012"_s); // five characters, no more
     auto* search = screen.list().findChild<QLineEdit*>(u"keres"_s);
     EXPECT_EQ(search->text(), u"j0390"_s);
-    screen.list().findChild<QRadioButton*>(u"Megnevezesre"_s)->click();
+    pressKey(Qt::Key_F2); // by name
     QCoreApplication::processEvents();
     EXPECT_EQ(focusName(), u"keres"_s);
     search->clear();
     typeText(u"BETEGSÉG"_s);
     EXPECT_EQ(screen.currentCode(), u"E1190"_s);
     auto* next = screen.list().findChild<QPushButton*>(u"Kovetkezo"_s);
-    next->click();
+    pressKey(Qt::Key_F3); // the same as a click
     EXPECT_EQ(screen.currentCode(), u"E1100"_s);
     const QString question = u"Nincs több találat, kéri az első találatot?"_s;
     screen.dialogue.expectQuestion(question, Answer::no);
@@ -161,6 +161,11 @@ TEST(TetadDictionary, EscapeInTheGrid) {
     typeText(u"I1"_s); // unfinished: no check while the list is open
     screen.help("Diag1");
     pressKey(Qt::Key_Escape); // in the search field: nothing changes
+    screen.back();
+    EXPECT_EQ(screen.text("Diag1"), u"I1"_s);
+    screen.help("Diag1");
+    screen.list().findChild<QPushButton*>(u"Kovetkezo"_s)->setFocus();
+    pressKey(Qt::Key_Escape); // nor on a button
     screen.back();
     EXPECT_EQ(screen.text("Diag1"), u"I1"_s);
     screen.help("Diag1");

@@ -252,15 +252,10 @@ TEST(Tetad, LeavingKeepsTheLinesForTheNextSheet) {
 TEST(Tetad, GoesWithItsDictionaryAndChecksNothing) {
     SheetScreen screen;
     screen.open();
-    screen.go("Anyja_neve");
-    screen.go("Allampol_rov");
-    screen.dialogue.expect(u"Kötelezően kitöltendő adat!"_s, u"Hiba"_s); // from the first leaving
-    QCoreApplication::processEvents();
-    screen.field("Anyja_neve")->setText(u"Kiss"_s);
     screen.go("Allampol_rov");
     pressKey(Qt::Key_F1);
     ASSERT_TRUE(screen.form.dictionary().isVisible());
-    screen.field("Allampol_rov")->clear();
+    screen.field("Anyja_neve")->setFocus(); // empty and mandatory: leaving it would ask for it
     screen.form.close();
     QCoreApplication::processEvents();
     EXPECT_FALSE(screen.form.dictionary().isVisible());

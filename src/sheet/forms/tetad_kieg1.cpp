@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -66,6 +67,10 @@ tetad_kieg1::tetad_kieg1(Workstation& station, QWidget* opener)
     connect(m_next, &QPushButton::clicked, this, [this] { searchNext(); });
     connect(m_grid, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { take(index.row()); });
+    // Both without a way through Tab: the hand stays at the search.
+    connect(new QShortcut(Qt::Key_F2, this), &QShortcut::activated, this,
+            [this] { (m_byName->isChecked() ? m_byCode : m_byName)->setChecked(true); });
+    connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this, [this] { searchNext(); });
 }
 
 tetad_kieg1::~tetad_kieg1() = default;
@@ -106,7 +111,8 @@ void tetad_kieg1::layOut() {
     column->addLayout(row);
     column->addWidget(m_result);
     column->addWidget(m_grid, 1);
-    auto* hint = new QLabel(u"<Enter> Átvesz     <↑> <↓> sorok     <Tab> a listára     <Esc> Mégsem"_s);
+    auto* hint = new QLabel(
+        u"<Enter> Átvesz     <↑> <↓> sorok     <F2> Kódra/Megnevezésre     <F3> Következő     <Esc> Mégsem"_s);
     hint->setTextFormat(Qt::PlainText);
     column->addWidget(hint);
     resize(820, 560);
@@ -226,6 +232,14 @@ bool tetad_kieg1::gridKey(int key) {
     default:
         return false;
     }
+}
+
+// Esc on a button leaves too, as in the search field.
+void tetad_kieg1::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        WorkForm::keyPressEvent(event);
 }
 
 bool tetad_kieg1::eventFilter(QObject* watched, QEvent* event) {

@@ -40,6 +40,7 @@ class tetad_kieg1 : public WorkForm {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void layOut();
