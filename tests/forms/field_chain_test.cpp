@@ -54,6 +54,8 @@ TEST_F(FieldChainTest, EnterAndArrowsSkipWhatIsHiddenOrDisabled) {
     EXPECT_EQ(b->text(), QStringLiteral("új ő"));
     pressKey(Qt::Key_Up);
     EXPECT_EQ(focusName(), QStringLiteral("a"));
+    EXPECT_EQ(b->cursorPosition(), 0); // a long text left shows its beginning
+    EXPECT_FALSE(b->hasSelectedText());
     pressKey(Qt::Key_Down);
     EXPECT_EQ(focusName(), QStringLiteral("b"));
     pressKey(Qt::Key_Return);

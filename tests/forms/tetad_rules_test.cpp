@@ -272,8 +272,8 @@ TEST(TetadOther, CapacityNeedsPatientAndMainDiagnosis) {
 
 TEST(TetadOther, UserFieldsFollowTheParameters) {
     SheetScreen screen;
-    screen.setUp.data().executeScript("delete from EGYEBPAR; insert into EGYEBPAR (Felh2_nev, Felh2_hossz) "
-                                      "values ('Karton <1>:', 3)");
+    screen.setUp.data().executeScript("delete from EGYEBPAR; insert into EGYEBPAR (Felh2_nev, Felh2_hossz,"
+                                      " Felh4_nev, Felh4_hossz) values ('Karton <1>:', 3, 'Cím & szám', 0)");
     screen.open();
     pressKey(Qt::Key_E, Qt::ControlModifier);
     EXPECT_FALSE(screen.visible("Felh1"));
@@ -282,6 +282,10 @@ TEST(TetadOther, UserFieldsFollowTheParameters) {
     screen.go("Felh2");
     typeText(u"abcd"_s);
     EXPECT_EQ(screen.text("Felh2"), u"abc"_s);
+    pressKey(Qt::Key_Return);
+    EXPECT_EQ(focusName(), u"Felh4"_s);
+    typeText(QString(40, u'x')); // without a length of its own the longest one holds
+    EXPECT_EQ(screen.text("Felh4"), QString(35, u'x'));
     pressKey(Qt::Key_Return);
     EXPECT_FALSE(screen.visible("egyeb_keret"));
 }
@@ -318,9 +322,7 @@ TEST(TetadProcedures, LinesAreWrittenAtOnceAndFunctionKeysFillTheCode) {
     pressKey(Qt::Key_Return);
     EXPECT_EQ(focusName(), u"MENNY"_s);
     EXPECT_EQ(screen.text("MENNY"), u"1,5"_s);
-    pressKey(Qt::Key_Backspace);
-    pressKey(Qt::Key_Backspace);
-    typeText(u"2x"_s); // other keys are dropped
+    typeText(u"12x"_s); // over the refused one; other keys are dropped
     pressKey(Qt::Key_Down);
     EXPECT_EQ(focusName(), u"BeavJelleg"_s);
     pressKey(Qt::Key_Delete);

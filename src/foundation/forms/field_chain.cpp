@@ -171,6 +171,8 @@ bool FieldChain::eventFilter(QObject* watched, QEvent* event) {
         // looking focused. Coming back paints it again.
         paint(field, false);
         if (reason == Qt::ActiveWindowFocusReason) return false;
+        // A long text shows its beginning again, and nothing stays marked that no key would write over.
+        if (auto* edit = qobject_cast<QLineEdit*>(field)) edit->setCursorPosition(0);
         if (entry->behaviour.leave && !m_blocked) leaveLater(field);
         return false;
     }

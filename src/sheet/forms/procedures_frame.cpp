@@ -183,7 +183,7 @@ void ProceduresFrame::currentLineChanged(int row) {
 
 // A line is written here and now, not at the store: leaving the sheet unstored keeps it, and that is wanted.
 void ProceduresFrame::addLine() {
-    m_desk.guarded([this] {
+    const bool done = m_desk.guarded([this] {
         switch (addProcedureLine(m_desk.station, m_key, m_desk.text(u"BEAV"_s).trimmed(),
                                  m_desk.text(u"MENNY"_s), m_desk.text(u"BeavJelleg"_s))) {
         case AddLineOutcome::quantityMissing:
@@ -205,6 +205,8 @@ void ProceduresFrame::addLine() {
         showName(QString());
         SelectAll(m_desk.input(u"BEAV"_s));
     });
+    // A quantity that the table refuses is typed over.
+    if (auto* edit = qobject_cast<QLineEdit*>(focusWidget()); !done && edit != nullptr) edit->selectAll();
 }
 
 void ProceduresFrame::deleteLine() {
