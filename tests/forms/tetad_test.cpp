@@ -252,10 +252,10 @@ TEST(Tetad, LeavingKeepsTheLinesForTheNextSheet) {
 TEST(Tetad, GoesWithItsDictionaryAndChecksNothing) {
     SheetScreen screen;
     screen.open();
-    screen.go("Allampol_rov");
+    screen.go("Diag1");
+    typeText(u"X9"_s); // there is no such code: leaving the field would say so
     pressKey(Qt::Key_F1);
     ASSERT_TRUE(screen.form.dictionary().isVisible());
-    screen.field("Anyja_neve")->setFocus(); // empty and mandatory: leaving it would ask for it
     screen.form.close();
     QCoreApplication::processEvents();
     EXPECT_FALSE(screen.form.dictionary().isVisible());
