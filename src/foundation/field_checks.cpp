@@ -2,8 +2,8 @@
 // enabling switch is on, and the group that runs while it is off (silent in normal work, and wanted so).
 #include "foundation/code_lists.h"
 
-#include "foundation/format.h"
 #include "foundation/look_ups.h"
+#include "platform/format.h"
 #include "platform/text_compare.h"
 
 #include <optional>

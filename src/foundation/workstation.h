@@ -16,6 +16,8 @@
 
 namespace vandrel {
 
+struct PrintEngine; // the print room's; only carried here
+
 struct Workstation {
     Workstation(const QString& programFolder, Dialogue& dialogueToUse, const Clock& clockToUse,
                 Packer& packerToUse)
@@ -29,6 +31,7 @@ struct Workstation {
     Dialogue& dialogue;
     const Clock& clock;
     Packer& packer;
+    PrintEngine* printing = nullptr;   // set by the program before any form opens
     StatusNote* statusNote = nullptr;  // null: no window, the notes go nowhere
     std::function<void()> serveEvents; // one turn of the event loop; empty without a window
 

@@ -1,6 +1,6 @@
 #include "reports/covering_note.h"
 
-#include "foundation/format.h"
+#include "platform/format.h"
 
 namespace vandrel {
 

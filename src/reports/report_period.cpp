@@ -1,6 +1,6 @@
 #include "reports/report_period.h"
 
-#include "foundation/format.h"
+#include "platform/format.h"
 
 namespace vandrel {
 

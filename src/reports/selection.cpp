@@ -1,7 +1,7 @@
 #include "reports/selection.h"
 
-#include "foundation/format.h"
 #include "platform/database.h"
+#include "platform/format.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "reports/write_back.h"
 
-#include "foundation/format.h"
 #include "platform/event_turn.h"
+#include "platform/format.h"
 #include "reports/selection.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "sheet/counters.h"
 
-#include "foundation/format.h"
 #include "foundation/look_ups.h"
+#include "platform/format.h"
 #include "sheet/sheet_fields.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 // What a new sheet starts with: the last unit and doctor, the unit's next journal number, the next key, and
 // the defaults of the fields. Writes nothing: a key is given again until a sheet is stored under it.
-#include "foundation/format.h"
 #include "foundation/look_ups.h"
+#include "platform/format.h"
 #include "sheet/counters.h"
 #include "sheet/sheet_fields.h"
 

@@ -1,8 +1,8 @@
 // The register of patients behind the sheet: the search while a TAJ is typed, and what the store writes.
 #include "sheet/patient_register.h"
 
-#include "foundation/format.h"
 #include "foundation/prefix_search.h"
+#include "platform/format.h"
 
 using namespace Qt::StringLiterals;
 

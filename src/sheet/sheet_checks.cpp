@@ -1,5 +1,5 @@
 // The twenty checks of a store, in their order.
-#include "foundation/format.h"
+#include "platform/format.h"
 #include "sheet/sheet_store.h"
 
 #include "platform/text_compare.h"

@@ -2,7 +2,7 @@
 // write, and no box stands while the data file is locked.
 #include "sheet/sheet_store.h"
 
-#include "foundation/format.h"
+#include "platform/format.h"
 #include "sheet/counters.h"
 #include "sheet/patient_register.h"
 

@@ -1,5 +1,5 @@
 // A sheet is typed as a clerk types it: keys only, from the unit field to the store, and found in the tables.
-#include "foundation/format.h"
+#include "platform/format.h"
 #include "sheet/forms/tetad_kieg1.h"
 #include "support/sheet_screen.h"
 

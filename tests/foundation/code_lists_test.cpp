@@ -2,8 +2,8 @@
 // and check differ, and what becomes of a field.
 #include "foundation/code_lists.h"
 
-#include "foundation/format.h"
 #include "foundation/look_ups.h"
+#include "platform/format.h"
 #include "support/test_workstation.h"
 
 using namespace Qt::StringLiterals;

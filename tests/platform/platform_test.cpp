@@ -1,8 +1,8 @@
 // The machine's side: data files keep their three values, faults carry their numbers, text files their bytes.
 #include "support/test_workstation.h"
 
-#include "foundation/format.h"
 #include "platform/code_page.h"
+#include "platform/format.h"
 #include "platform/single_instance.h"
 #include "platform/text_compare.h"
 

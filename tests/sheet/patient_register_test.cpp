@@ -1,8 +1,8 @@
 // The search in the register while a TAJ is typed.
 #include "sheet/patient_register.h"
 
-#include "foundation/format.h"
 #include "foundation/prefix_search.h"
+#include "platform/format.h"
 #include "platform/text_compare.h"
 #include "sheet_samples.h"
 

@@ -1,7 +1,7 @@
 // The order of the checks of a store: each fault alone, and every pair of faults.
 #include "sheet/sheet_store.h"
 
-#include "foundation/format.h"
+#include "platform/format.h"
 #include "sheet_samples.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // The writing of a sheet: what lands where, what a fault leaves, and how the counters move.
 #include "sheet/sheet_store.h"
 
-#include "foundation/format.h"
+#include "platform/format.h"
 #include "sheet/patient_register.h"
 #include "sheet_samples.h"
 

@@ -1,10 +1,10 @@
 #include "foundation/forms/tetindul.h"
 
-#include "foundation/format.h"
 #include "foundation/forms/main_picture.h"
 #include "foundation/forms/window_helpers.h"
 #include "foundation/forms/work_form.h"
 #include "foundation/start_checks.h"
+#include "platform/format.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -1,8 +1,8 @@
 #include "reports/forms/levForm.h"
 
-#include "foundation/format.h"
 #include "foundation/forms/field_chain.h"
 #include "foundation/forms/masked_field.h"
+#include "platform/format.h"
 #include "reports/forms/openform.h"
 #include "reports/report_period.h"
 #include "reports/selection.h"

@@ -1,6 +1,6 @@
 #include "settings/forms/kornyform.h"
 
-#include "foundation/format.h"
+#include "platform/format.h"
 
 #include <QFormLayout>
 #include <QGroupBox>

@@ -1,7 +1,7 @@
 // A calendar in a frame over the sheet.
 #include "sheet/forms/month_picker.h"
 
-#include "foundation/format.h"
+#include "platform/format.h"
 
 #include <QCalendarWidget>
 #include <QKeyEvent>

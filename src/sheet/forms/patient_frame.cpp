@@ -1,8 +1,8 @@
 // Layout and rules of the patient's group.
 #include "sheet/forms/patient_frame.h"
 
-#include "foundation/format.h"
 #include "foundation/look_ups.h"
+#include "platform/format.h"
 #include "sheet/forms/sheet_desk.h"
 #include "sheet/patient_register.h"
 

@@ -1,7 +1,7 @@
 // Layout, keys and flow of the sheet's screen.
 #include "sheet/forms/tetad.h"
 
-#include "foundation/format.h"
+#include "platform/format.h"
 #include "sheet/forms/institution_head.h"
 #include "sheet/forms/month_picker.h"
 #include "sheet/forms/other_data_frame.h"

@@ -1,4 +1,4 @@
-#include "foundation/format.h"
+#include "platform/format.h"
 
 #include <QStringList>
 

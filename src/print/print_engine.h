@@ -1,0 +1,78 @@
+// What all documents share: the printer in use, the page geometry, the one repagination flag, and the ports
+// to the preview window. There is one in a program: only one document may be laid out at a time.
+#pragma once
+
+#include "platform/clock.h"
+#include "print/length_units.h"
+#include "print/print_service.h"
+#include "print/text_meter.h"
+
+#include <functional>
+
+namespace vandrel {
+
+class qcPrinter;
+
+// The printer in use as layout sees it.
+class CurrentPrinter {
+  public:
+    explicit CurrentPrinter(const PrintService& service) : m_service(service) {
+        use(service.defaultPrinter());
+    }
+
+    // Takes the printer of that number, upright.
+    void use(int number);
+    int number() const { return m_number; }
+    long paperCode() const { return m_paper.code; }
+    PaperSize size() const { return m_size; } // as it lies now
+    void setSize(const PaperSize& size) { m_size = size; }
+    long orientation() const { return m_orientation; }
+    // Swaps width and height, if the printer turns its paper; otherwise nothing happens.
+    void setOrientation(long orientation);
+    double twipsPerPixelY() const { return m_paper.twipsPerPixelY; }
+
+  private:
+    const PrintService& m_service;
+    int m_number = 0;
+    PrinterPaper m_paper;
+    PaperSize m_size;
+    long m_orientation = orientation::portrait;
+};
+
+struct PrintEngine {
+    PrintEngine(TextMeter& meterToUse, PrintService& serviceToUse, const Clock& clockToUse)
+        : meter(meterToUse), service(serviceToUse), clock(clockToUse), printer(serviceToUse) {}
+    PrintEngine(const PrintEngine&) = delete;
+    PrintEngine& operator=(const PrintEngine&) = delete;
+
+    TextMeter& meter;
+    PrintService& service;
+    const Clock& clock;
+    CurrentPrinter printer;
+
+    // One flag for all documents, as told by every write that can move a line. Cleared only by Pages.
+    bool NeedsPaging = true;
+    // Grows whenever the paper or a margin changes: what was measured before has to be measured again.
+    unsigned geometry = 1;
+    // In twips. The margins are those of the document that was handled last.
+    PaperSize paper;
+    double marginLeft = 1440;
+    double marginRight = 1440;
+    double marginTop = 1440;
+    double marginBottom = 1440;
+    double headerHeight = 0; // on the page being handled
+    double footerHeight = 0;
+
+    double printableWidth() const { return paper.width - marginLeft - marginRight; }
+    double printableHeight() const { return paper.height - marginTop - marginBottom; }
+    double bodyHeight() const { return printableHeight() - headerHeight - footerHeight; }
+
+    // Ports to the windows; empty ones are allowed.
+    std::function<void(qcPrinter&)> showPreview; // shows frmPreview modally
+    std::function<void(bool)> busy;              // hourglass on, off
+    // Told after every page that was printed, with the pages done and all pages of the job; false breaks the
+    // job off, and nothing comes out.
+    std::function<bool(int, int)> pagePrinted;
+};
+
+} // namespace vandrel

@@ -1,0 +1,150 @@
+// The document: body items, header and footer slots, margins, pagination, and the drawing of pages. Every
+// list and every paper builds one by AddText and ends with Preview or PrintDoc.
+#pragma once
+
+#include "print/document_table.h"
+#include "print/text_item_col.h"
+
+#include <array>
+#include <optional>
+
+namespace vandrel {
+
+// How AddText's paragraph looks; the order is that of the engine's own call.
+struct TextLook {
+    QString fontName;
+    float fontSize = 10; // points
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    long color = 0;
+    long alignment = 0;
+    float indentLeft = 0; // in the document's ScaleMode
+    float indentRight = 0;
+};
+
+// The last placement of the preview window; state -1: none yet, 0 normal, 2 maximised.
+struct PreviewPlacement {
+    int state = -1;
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+};
+
+class qcPrinter {
+  public:
+    static constexpr int slots = 5; // first page, last page, odd pages, even pages, all pages
+
+    explicit qcPrinter(PrintEngine& engine);
+
+    PrintEngine& engine() const { return m_engine; }
+
+    long ScaleMode() const { return m_scaleMode; }
+    void setScaleMode(long mode); // converts the margins; every item gets the mode
+    float MarginLeft() const { return m_margins[0]; }
+    float MarginRight() const { return m_margins[1]; }
+    float MarginTop() const { return m_margins[2]; }
+    float MarginBottom() const { return m_margins[3]; }
+    void setMarginLeft(float length);
+    void setMarginRight(float length);
+    void setMarginTop(float length);
+    void setMarginBottom(float length);
+    long PageSize() const { return m_pageSize; }
+    void setPageSize(long code); // stored; the paper of the printer in use is what counts
+    long Orientation() const { return m_orientation; }
+    void setOrientation(long orientation);
+    bool OrientOkay() const { return m_orientOkay; }
+    long PrintOptions() const {
+        return m_printOptions;
+    } // bit 1: choice of printer; bit 2: copies and collation
+    void setPrintOptions(long bits) { m_printOptions = bits; }
+    QString AppName() const { return m_appName; }
+    void setAppName(const QString& name) { m_appName = name; }
+    int PrinterNumber() const { return m_printerNumber; }
+    PreviewPlacement& previewPlacement() { return m_placement; }
+
+    // The same content as rows and columns; empty where a document has none. Emptied with the items.
+    DocumentTable& table() { return m_table; }
+
+    // Total of pages, at least 1; paginates first if NeedsPaging is set.
+    int Pages();
+    int ItemCount() const { return m_items.Count(); }
+    qcTextItemCol& TextItem() { return m_items; }
+    void setTextItem(qcTextItemCol items);
+
+    // Slots 0 to 4; another one is fault subscript.
+    qcTextItem& Header(int slot);
+    qcTextItem& Footer(int slot);
+    void setHeader(int slot, const qcTextItem& item);
+    void setFooter(int slot, const qcTextItem& item);
+    bool SetHeader(int slot) const;
+    bool SetFooter(int slot) const;
+    void setSetHeader(int slot, bool inUse); // true also measures the slot's item
+    void setSetFooter(int slot, bool inUse);
+    void HeaderCopy(int from, int to);
+    void FooterCopy(int from, int to);
+
+    // Appends a paragraph and measures it. A text of a blank is a blank line. Fault 457 for a key that is
+    // taken.
+    void AddText(const QString& text, const TextLook& look, const QString& key = {});
+    // Empties the document; the slots keep whether they are in use.
+    void ResetItems();
+    // A place from 1 or a key; one that is not there is ignored.
+    void RemoveItem(const qcTextItemCol::IndexOrKey& which);
+
+    // Draws the pages from startPage to endPage, both from 1, as the document lies. Pages that the job does
+    // not have anything for carry header and footer only. job: the printer's pages are ended there; null: one
+    // page onto the target.
+    void WalkDocument(PageTarget& target, int startPage, int endPage);
+    // One page onto the preview's picture.
+    void PreviewPage(PageTarget& picture, int page);
+    // Prints. Copies below 1 count as 1. False: given up by the user, nothing came out. Faults of the printer
+    // pass through, and nothing came out either.
+    bool PrintDoc(int startPage, int endPage, int copies, bool collate, int printerNumber);
+    // Shows the preview window and waits until it is closed.
+    void Preview();
+
+  private:
+    friend class DocumentWalk;
+
+    // Where a page begins: the item, the position in its text (1-based; 0: from its beginning), and whether
+    // the break before that item has already been made.
+    struct PageStart {
+        int item = 0; // from 0; the number of items when only headers and footers are left
+        int position = 0;
+        bool broken = false;
+    };
+
+    void makeSlots();
+    int checkedSlot(int slot) const;
+    static void copySlot(const qcTextItem& from, qcTextItem& to);
+    void setMargin(std::size_t which, float length);
+    void shareMargins();
+    void recomputePaper();
+    void computeHeaderAndFooter(int page, bool isLast, int total);
+    qcTextItem* chosenSlot(std::array<qcTextItem*, slots> items, const std::array<bool, slots>& inUse,
+                           int page, bool isLast) const;
+    void paginate();
+    void computeOrientOkay();
+
+    PrintEngine& m_engine;
+    long m_scaleMode = scale_mode::twip;
+    std::array<float, 4> m_margins{1440, 1440, 1440, 1440}; // left, right, top, bottom, in ScaleMode
+    long m_pageSize;
+    long m_orientation;
+    bool m_orientOkay = false;
+    long m_printOptions = 3;
+    QString m_appName;
+    int m_printerNumber = 0;
+    PreviewPlacement m_placement;
+    int m_pages = 0; // of the last pagination
+    qcTextItemCol m_items;
+    qcTextItemCol m_slotItems; // Head0 to Head4, Foot0 to Foot4
+    DocumentTable m_table;
+    std::array<bool, slots> m_setHeader{};
+    std::array<bool, slots> m_setFooter{};
+    ItemStyle m_lastStyle; // of the last AddText, to share
+};
+
+} // namespace vandrel

@@ -1,0 +1,47 @@
+#include "print/text_meter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vandrel {
+
+float usableFontSize(float size) {
+    return std::isfinite(size) ? std::clamp(size, smallestFontSize, largestFontSize) : smallestFontSize;
+}
+
+Face::Face(FontSpec spec, double height, double ascent)
+    : m_spec(std::move(spec)), m_height(height), m_ascent(ascent) {
+    m_near.fill(-1);
+}
+
+Face::~Face() = default;
+
+double Face::look(char32_t character) const {
+    if (character < m_near.size()) return m_near[character] = measure(character);
+    const auto [place, fresh] = m_far.try_emplace(character, 0.0);
+    if (fresh) place->second = measure(character);
+    return place->second;
+}
+
+double Face::width(QStringView text) const {
+    double sum = 0;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        char32_t character = text[at].unicode();
+        if (QChar::isHighSurrogate(character) && at + 1 < text.size() && text[at + 1].isLowSurrogate())
+            character = QChar::surrogateToUcs4(text[at], text[++at]);
+        sum += width(character);
+    }
+    return sum;
+}
+
+TextMeter::~TextMeter() = default;
+
+const Face& TextMeter::face(const FontSpec& spec) {
+    // A size that is not a number has no place in an order.
+    const float size = std::isfinite(spec.size) ? spec.size : 0;
+    auto& face = m_faces[{spec.name, size, spec.bold, spec.italic}];
+    if (!face) face = makeFace({spec.name, size, spec.bold, spec.italic});
+    return *face;
+}
+
+} // namespace vandrel

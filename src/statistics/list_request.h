@@ -1,0 +1,49 @@
+// What the user asked for on the statistics screen, and what a list tells while it runs.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace vandrel {
+
+// The eight lists by their numbers in the menu.
+enum class StatisticsList {
+    trafficLog = 1,
+    unitPerformance = 2,
+    referrersMonthly = 3,
+    proceduresDone = 4,
+    referrersItemised = 5,
+    individualCosts = 6,
+    combined = 7,
+    visitFees = 8
+};
+
+// The fields of the three panels as they stand; each list reads its own.
+struct ListRequest {
+    bool allCategories = false; // lists 1 and 5
+    QStringList categories;     // ticked fee categories in their order; lists 1 and 5
+    QString category;           // lists 3 and 4
+    QString from;               // éééé.hh.nn. (lists 1 and 5) or éééé.hh
+    QString to;
+    QString fromCode; // first unit (lists 1, 4 and 5) or referrer (list 3)
+    QString toCode;
+    QString code; // TAJ (list 6) or unit (lists 7 and 8)
+};
+
+enum class ListOutcome {
+    ready,   // the document is complete
+    noData,  // the user has been told; no document
+    stopped, // the user broke it off; no document
+    failed   // a fault, and the user has been told; no document
+};
+
+// How a running list shows itself. Empty functions are allowed.
+struct ListProgress {
+    std::function<void(const QString&)> status;     // a text for the status line
+    std::function<void(qint64, qint64)> sheetsDone; // sheets done and all of them, a few times a second
+    std::function<bool()> stopWanted;               // asked a few times a second; true breaks the list off
+};
+
+} // namespace vandrel
