@@ -27,7 +27,7 @@ class FixedMeter : public TextMeter {
       protected:
         double measure(char32_t character) const override {
             double width = 100;
-            if (spec().name.startsWith(QLatin1String("Courier")))
+            if (spec().name.startsWith(QLatin1String("Courier"), Qt::CaseInsensitive))
                 width = 120;
             else if (character == U'i' || character == U'l')
                 width = 50;
