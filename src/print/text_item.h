@@ -148,7 +148,7 @@ class qcTextItem {
 
   private:
     friend class qcPrinter;
-    friend class ItemLayout;
+    friend class DocumentWalk;
 
     struct Line {
         float height = 0; // LineSpacing included
