@@ -25,7 +25,7 @@ class Busy {
 };
 
 void checkSlot(int slot) {
-    if (slot < 0 || slot >= qcPrinter::slots)
+    if (slot < 0 || slot >= qcPrinter::slotCount)
         throw Fault(fault::subscript,
                     QStringLiteral("A fejléceknek és lábléceknek nincs %1. helye!").arg(slot));
 }
@@ -45,7 +45,7 @@ void qcPrinter::makeSlots() {
     m_slotItems = {};
     m_band = {};
     for (const char* name : {"Head", "Foot"}) {
-        for (int slot = 0; slot < slots; ++slot) {
+        for (int slot = 0; slot < slotCount; ++slot) {
             qcTextItem item(m_engine);
             item.setFontName(QStringLiteral("Arial"));
             item.setFontSize(10);
@@ -58,7 +58,7 @@ void qcPrinter::makeSlots() {
 
 qcTextItem& qcPrinter::slotItem(Band band, int slot) {
     checkSlot(slot);
-    return m_slotItems.Item((band == Band::header ? 0 : slots) + slot + 1);
+    return m_slotItems.Item((band == Band::header ? 0 : slotCount) + slot + 1);
 }
 
 double qcPrinter::marginTwips(std::size_t which) const {

@@ -34,7 +34,7 @@ struct PreviewPlacement {
 
 class qcPrinter {
   public:
-    static constexpr int slots = 5; // first page, last page, odd pages, even pages, all pages
+    static constexpr int slotCount = 5; // first page, last page, odd pages, even pages, all pages
 
     explicit qcPrinter(PrintEngine& engine);
 
@@ -156,7 +156,7 @@ class qcPrinter {
     qcTextItemCol m_items;
     qcTextItemCol m_slotItems; // Head0 to Head4, Foot0 to Foot4
     DocumentTable m_table;
-    std::array<std::array<bool, slots>, 2> m_inUse{}; // headers, footers
+    std::array<std::array<bool, slotCount>, 2> m_inUse{}; // headers, footers
     std::array<qcTextItem*, 2> m_band{};              // of the page being handled; null: none
     PageStarts m_starts;
     QSharedDataPointer<ItemStyle>
