@@ -3,10 +3,10 @@
 // was, lone surrogates too.
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <QStringView>
 
+#include <memory>
 #include <vector>
 
 namespace vandrel {
@@ -15,15 +15,18 @@ class PackedText {
   public:
     PackedText() = default;
     explicit PackedText(QStringView text);
+    PackedText(const PackedText& other);
+    PackedText(PackedText&&) noexcept = default;
+    PackedText& operator=(PackedText other) noexcept;
+    ~PackedText() = default;
 
     QString text() const;
     // Replaces the content of the buffer by the text.
     void unpack(std::vector<char16_t>& buffer) const;
-    bool isEmpty() const { return m_bytes.isEmpty(); }
-    bool operator==(const PackedText&) const = default;
 
   private:
-    QByteArray m_bytes;
+    // The number of bytes, then the bytes; one allocation and nothing else. Null: the empty text.
+    std::unique_ptr<unsigned char[]> m_bytes;
 };
 
 } // namespace vandrel

@@ -7,6 +7,7 @@
 #include "print/print_service.h"
 #include "print/text_meter.h"
 
+#include <array>
 #include <functional>
 
 namespace vandrel {
@@ -50,10 +51,18 @@ struct PrintEngine {
     const Clock& clock;
     CurrentPrinter printer;
 
-    // One flag for all documents, as told by every write that can move a line. Cleared only by Pages.
+    // One flag for all documents. Cleared only by Pages.
     bool NeedsPaging = true;
-    // Grows whenever the paper or a margin changes: what was measured before has to be measured again.
-    unsigned geometry = 1;
+    // Told by every write that can move a line.
+    void raisePaging() {
+        NeedsPaging = true;
+        ++writes;
+    }
+    unsigned writes = 0; // what was found out before the last one may not hold any more
+    // Names the paper, its pixels and the side margins as they are now: what was measured under another name
+    // has to be measured again. Never 0.
+    unsigned geometry();
+
     // In twips. The margins are those of the document that was handled last.
     PaperSize paper;
     double marginLeft = 1440;
@@ -73,6 +82,10 @@ struct PrintEngine {
     // Told after every page that was printed, with the pages done and all pages of the job; false breaks the
     // job off, and nothing comes out.
     std::function<bool(int, int)> pagePrinted;
+
+  private:
+    unsigned m_geometry = 0;
+    std::array<double, 5> m_geometryOf{};
 };
 
 } // namespace vandrel

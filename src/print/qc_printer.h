@@ -3,6 +3,7 @@
 #pragma once
 
 #include "print/document_table.h"
+#include "print/form_print.h"
 #include "print/text_item_col.h"
 
 #include <array>
@@ -21,6 +22,8 @@ struct TextLook {
     long alignment = 0;
     float indentLeft = 0; // in the document's ScaleMode
     float indentRight = 0;
+
+    bool operator==(const TextLook&) const = default;
 };
 
 // The last placement of the preview window; state -1: none yet, 0 normal, 2 maximised.
@@ -34,7 +37,7 @@ struct PreviewPlacement {
 
 class qcPrinter {
   public:
-    static constexpr int slots = 5; // first page, last page, odd pages, even pages, all pages
+    static constexpr int slotCount = 5; // first page, last page, odd pages, even pages, all pages
 
     explicit qcPrinter(PrintEngine& engine);
 
@@ -42,6 +45,7 @@ class qcPrinter {
 
     long ScaleMode() const { return m_scaleMode; }
     void setScaleMode(long mode); // converts the margins; every item gets the mode
+    // In ScaleMode.
     float MarginLeft() const { return m_margins[0]; }
     float MarginRight() const { return m_margins[1]; }
     float MarginTop() const { return m_margins[2]; }
@@ -80,7 +84,8 @@ class qcPrinter {
     void setFooter(int slot, const qcTextItem& item);
     bool SetHeader(int slot) const;
     bool SetFooter(int slot) const;
-    void setSetHeader(int slot, bool inUse); // true also measures the slot's item
+    // True also measures the slot's item; NeedsPaging stays as it is, and that is wanted.
+    void setSetHeader(int slot, bool inUse);
     void setSetFooter(int slot, bool inUse);
     void HeaderCopy(int from, int to);
     void FooterCopy(int from, int to);
@@ -93,9 +98,9 @@ class qcPrinter {
     // A place from 1 or a key; one that is not there is ignored.
     void RemoveItem(const qcTextItemCol::IndexOrKey& which);
 
-    // Draws the pages from startPage to endPage, both from 1, as the document lies. Pages that the job does
-    // not have anything for carry header and footer only. job: the printer's pages are ended there; null: one
-    // page onto the target.
+    // Draws the pages from startPage to endPage, both from 1, one behind the other onto the same target; a
+    // document with fewer pages gives header, footer and absolute items only. Where each page begins is kept,
+    // so that a page far behind is not looked for from page 1.
     void WalkDocument(PageTarget& target, int startPage, int endPage);
     // One page onto the preview's picture.
     void PreviewPage(PageTarget& picture, int page);
@@ -104,6 +109,13 @@ class qcPrinter {
     bool PrintDoc(int startPage, int endPage, int copies, bool collate, int printerNumber);
     // Shows the preview window and waits until it is closed.
     void Preview();
+
+    // One absolute item on page 1 for every control, as if the form's width were the paper's. alignment is
+    // how the texts stand in their controls' widths. Items are kept under the controls' names, option buttons
+    // under "Opt:" and the name; fault 457 for a name that is there already.
+    void FormPrint(const PrintableForm& form, long alignment = form_alignment::left);
+    // The controls' present texts into those items. Faults formNotPrinted and otherForm, with their source.
+    void FormPrint_Update(const PrintableForm& form);
 
   private:
     friend class DocumentWalk;
@@ -115,16 +127,28 @@ class qcPrinter {
         int position = 0;
         bool broken = false;
     };
+    // What walking the document has found out, from page 1 on as far as it went, and what it was found for.
+    struct PageStarts {
+        std::vector<PageStart> pages;
+        std::vector<int> absolutes; // the absolute items, from 0
+        unsigned writes = 0;
+        unsigned geometry = 0;
+        double height = 0; // of the printable page
+        int items = 0;
+    };
+    enum class Band { header, footer };
 
     void makeSlots();
-    int checkedSlot(int slot) const;
-    static void copySlot(const qcTextItem& from, qcTextItem& to);
+    qcTextItem& slotItem(Band band, int slot);
+    void copySlot(Band band, int from, int to);
     void setMargin(std::size_t which, float length);
-    void shareMargins();
-    void recomputePaper();
-    void computeHeaderAndFooter(int page, bool isLast, int total);
-    qcTextItem* chosenSlot(std::array<qcTextItem*, slots> items, const std::array<bool, slots>& inUse,
-                           int page, bool isLast) const;
+    double marginTwips(std::size_t which) const;
+    // Paper and margins into the state that all documents share.
+    void shareGeometry();
+    // The item used on a page, with its fields filled and measured; null when there is none.
+    qcTextItem* bandOf(Band band, int page, bool isLast, int total);
+    // Chooses, fills and measures both bands for a page, and with them the body's height.
+    void prepareBands(int page, bool isLast, int total);
     void paginate();
     void computeOrientOkay();
 
@@ -142,9 +166,14 @@ class qcPrinter {
     qcTextItemCol m_items;
     qcTextItemCol m_slotItems; // Head0 to Head4, Foot0 to Foot4
     DocumentTable m_table;
-    std::array<bool, slots> m_setHeader{};
-    std::array<bool, slots> m_setFooter{};
-    ItemStyle m_lastStyle; // of the last AddText, to share
+    std::array<std::array<bool, slotCount>, 2> m_inUse{}; // headers, footers
+    std::array<qcTextItem*, 2> m_band{};                  // of the page being handled; null: none
+    PageStarts m_starts;
+    std::optional<QString> m_form; // that FormPrint has printed
+    // Of the last AddText: most paragraphs look like the one before.
+    TextLook m_lastLook;
+    unsigned m_lastGeometry = 0;
+    QSharedDataPointer<ItemStyle> m_lastStyle; // null: there is none in this ScaleMode
 };
 
 } // namespace vandrel

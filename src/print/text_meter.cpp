@@ -10,7 +10,7 @@ float usableFontSize(float size) {
 }
 
 Face::Face(FontSpec spec, double height, double ascent)
-    : m_spec(std::move(spec)), m_height(height), m_ascent(ascent) {
+    : m_spec(std::move(spec)), m_height(static_cast<float>(height)), m_ascent(ascent) {
     m_near.fill(-1);
 }
 
@@ -26,10 +26,9 @@ double Face::look(char32_t character) const {
 double Face::width(QStringView text) const {
     double sum = 0;
     for (qsizetype at = 0; at < text.size(); ++at) {
-        char32_t character = text[at].unicode();
-        if (QChar::isHighSurrogate(character) && at + 1 < text.size() && text[at + 1].isLowSurrogate())
-            character = QChar::surrogateToUcs4(text[at], text[++at]);
-        sum += width(character);
+        const bool pair = text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+        sum += width(pair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : char32_t{text[at].unicode()});
+        if (pair) ++at;
     }
     return sum;
 }
@@ -37,10 +36,12 @@ double Face::width(QStringView text) const {
 TextMeter::~TextMeter() = default;
 
 const Face& TextMeter::face(const FontSpec& spec) {
+    if (m_last != nullptr && m_last->spec() == spec) return *m_last;
     // A size that is not a number has no place in an order.
     const float size = std::isfinite(spec.size) ? spec.size : 0;
     auto& face = m_faces[{spec.name, size, spec.bold, spec.italic}];
     if (!face) face = makeFace({spec.name, size, spec.bold, spec.italic});
+    m_last = face.get();
     return *face;
 }
 

@@ -35,7 +35,7 @@ class Face {
     Face& operator=(const Face&) = delete;
 
     const FontSpec& spec() const { return m_spec; }
-    double height() const { return m_height; } // of a line in this font
+    double height() const { return m_height; } // of a line in this font; single precision, as lines keep it
     double ascent() const { return m_ascent; } // from the line's top down to the base line
     double width(char32_t character) const {
         if (character < m_near.size() && m_near[character] >= 0) return m_near[character];
@@ -68,6 +68,7 @@ class TextMeter {
     virtual std::unique_ptr<Face> makeFace(const FontSpec& spec) = 0;
 
   private:
+    const Face* m_last = nullptr; // most texts are in the font of the one before
     std::map<std::tuple<QString, float, bool, bool>, std::unique_ptr<Face>> m_faces;
 };
 

@@ -1,0 +1,272 @@
+#include "print/segment_scan.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace vandrel {
+
+namespace {
+
+bool same(QStringView body, QLatin1String name) {
+    return body.compare(name, Qt::CaseInsensitive) == 0;
+}
+bool begins(QStringView body, QLatin1String name) {
+    return body.startsWith(name, Qt::CaseInsensitive);
+}
+
+QString tagValue(QStringView body) {
+    return qcTextItem::GetTagValue(body);
+}
+
+// The value of an indent tag, straight from the text: a list has several of them on every line.
+QStringView indentOf(QStringView body) {
+    return body.mid(8);
+}
+
+// A colour number of any size as R + 256 G + 65536 B.
+long colourOf(QStringView value) {
+    const double number = leadingNumber(value);
+    return std::abs(number) < 4e9 ? static_cast<long>(static_cast<long long>(number) & 0xFFFFFF) : 0;
+}
+
+} // namespace
+
+double leadingNumber(QStringView text) {
+    // No number of use is longer; a longer one loses digits that no printer shows.
+    std::array<char, 40> digits{};
+    std::size_t count = 0;
+    for (const QChar letter : text.trimmed()) {
+        const char16_t unit = letter.unicode();
+        if (unit > 0x7F || count == digits.size()) break;
+        digits[count++] = static_cast<char>(unit);
+    }
+    const char* first = digits.data();
+    if (count > 0 && *first == '+') ++first;
+    double number = 0;
+    const auto read = std::from_chars(first, digits.data() + count, number);
+    return read.ec == std::errc{} && std::isfinite(number) ? number : 0;
+}
+
+TagState::TagState(const ItemStyle& style, TextMeter& meter, const PaperSize& paper)
+    : font{&meter.face({style.fontName, style.fontSize, style.fontBold, style.fontItalic}),
+           style.fontUnderline, style.fontColor},
+      alignment(style.alignment), m_style(style), m_meter(meter), m_paper(paper) {}
+
+TagState::Effect TagState::read(std::u16string_view text, std::size_t at, std::size_t& next) {
+    if (m_close <= at && m_close < text.size()) m_close = std::min(text.find(u'>', at), text.size());
+    if (m_close >= text.size()) return Effect::none;
+    const QStringView body(text.data() + at + 1, static_cast<qsizetype>(m_close - at - 1));
+    const Effect effect = apply(body);
+    if (effect != Effect::none) next = m_close + 1;
+    return effect;
+}
+
+TagState::Effect TagState::apply(QStringView body) {
+    if (body.size() < 3 || body[0] == u'/') return applyShort(body);
+    if (begins(body, QLatin1String("LINDENT=")) || begins(body, QLatin1String("RINDENT="))) {
+        const bool left = body[0] == u'L' || body[0] == u'l';
+        (left ? tagLeft : tagRight) =
+            toTwips(leadingNumber(indentOf(body)), m_style.scaleMode, Axis::horizontal, m_paper);
+        return Effect::forced;
+    }
+    if (begins(body, QLatin1String("FORCE"))) return Effect::forced;
+    if (begins(body, QLatin1String("FONT="))) {
+        FontSpec spec = font.face->spec();
+        spec.name = tagValue(body);
+        setFace(spec);
+    } else if (begins(body, QLatin1String("COLOR="))) {
+        font.color = colourOf(tagValue(body));
+    } else if (begins(body, QLatin1String("SIZE="))) {
+        FontSpec spec = font.face->spec();
+        spec.size = static_cast<float>(std::clamp(leadingNumber(tagValue(body)), -1e6, 1e6));
+        setFace(spec);
+    } else if (begins(body, QLatin1String("ALIGN="))) {
+        const QString word = tagValue(body).toUpper();
+        if (word == QLatin1String("LEFT"))
+            alignment = item_alignment::left;
+        else if (word == QLatin1String("RIGHT"))
+            alignment = item_alignment::right;
+        else if (word == QLatin1String("CENTRE") || word == QLatin1String("CENTER"))
+            alignment = item_alignment::centre;
+        else if (word == QLatin1String("JUSTIFY"))
+            alignment = item_alignment::justify;
+    }
+    return Effect::applied; // an unknown tag vanishes without trace
+}
+
+TagState::Effect TagState::applyShort(QStringView body) {
+    if (same(body, QLatin1String("/LINDENT"))) {
+        tagLeft = 0;
+        return Effect::closed;
+    }
+    if (same(body, QLatin1String("/RINDENT"))) {
+        tagRight = 0;
+        return Effect::closed;
+    }
+    FontSpec spec = font.face->spec();
+    if (same(body, QLatin1String("B")) || same(body, QLatin1String("/B"))) {
+        spec.bold = body[0] != u'/';
+    } else if (same(body, QLatin1String("I")) || same(body, QLatin1String("/I"))) {
+        spec.italic = body[0] != u'/';
+    } else if (same(body, QLatin1String("/FONT"))) {
+        spec.name = m_style.fontName;
+    } else if (same(body, QLatin1String("/SIZE"))) {
+        spec.size = m_style.fontSize;
+    } else {
+        if (same(body, QLatin1String("U")) || same(body, QLatin1String("/U")))
+            font.underline = body[0] != u'/';
+        else if (same(body, QLatin1String("/COLOR")))
+            font.color = m_style.fontColor;
+        else if (same(body, QLatin1String("/ALIGN")))
+            alignment = m_style.alignment;
+        else
+            return Effect::none;
+        return Effect::applied;
+    }
+    setFace(spec);
+    return Effect::applied;
+}
+
+SegmentScan::SegmentScan(std::u16string_view text, const ItemStyle& style, PrintEngine& engine,
+                         Purpose purpose, double fullWidth)
+    : m_text(text), m_purpose(purpose), m_fullWidth(fullWidth),
+      m_state(style, engine.meter, engine.printer.size()), m_room(fullWidth), m_drawingRoom(fullWidth) {}
+
+void SegmentScan::resumeAt(std::size_t place) {
+    while (m_at < place) {
+        std::size_t next = m_at + 1;
+        if (m_text[m_at] == u'<') m_state.read(m_text, m_at, next);
+        m_at = next;
+    }
+    m_lineLeft = m_state.tagLeft;
+    m_lineRight = m_state.tagRight;
+    m_room = m_drawingRoom = roomBetween(m_lineLeft, m_lineRight);
+}
+
+bool SegmentScan::fits(double width) {
+    const bool yes = width <= m_room;
+    if (m_drawsAlike && m_room != m_drawingRoom && yes != (width <= m_drawingRoom)) m_drawsAlike = false;
+    return yes;
+}
+
+// True when the "<" at m_at begins a tag, which is then behind; a forced end is told in segment.end.
+bool SegmentScan::readTag(Segment& segment) {
+    const TagState::Effect effect = m_state.read(m_text, m_at, m_at);
+    if (effect == TagState::Effect::none) return false;
+    if (effect == TagState::Effect::forced) segment.end = Segment::End::forced;
+    if (m_purpose == Purpose::measuring &&
+        (effect == TagState::Effect::forced || effect == TagState::Effect::closed)) {
+        m_room = roomBetween(m_state.tagLeft, m_state.tagRight);
+        // A page that begins between two closed indents is drawn with a room between the two known ones,
+        // unless an indent is negative.
+        if (m_state.tagLeft < 0 || m_state.tagRight < 0) m_drawsAlike = false;
+    }
+    return true;
+}
+
+bool SegmentScan::next(Segment& segment) {
+    if (m_at >= m_text.size() && !m_carried) return false;
+    if (m_forced) {
+        // From here on the indents are those that the tags have set.
+        m_lineLeft = m_state.tagLeft;
+        m_lineRight = m_state.tagRight;
+        m_drawingRoom = roomBetween(m_lineLeft, m_lineRight);
+        if (m_purpose == Purpose::drawing) m_room = m_drawingRoom;
+    } else {
+        m_lineHeight = 0;
+    }
+    const double heightBefore = m_forced ? m_lineHeight : -1;
+    m_forced = false;
+
+    segment.start = m_carried ? m_carriedStart : m_at;
+    segment.font = m_carried ? m_carriedFont : m_state.font;
+    segment.lineLeft = m_lineLeft;
+    segment.lineRight = m_lineRight;
+    segment.room = m_room;
+    segment.end = Segment::End::text;
+    double lineWidth = 0; // of the words that are on the line
+    double wordWidth = m_carried ? m_carriedWidth : 0;
+    m_carried = false;
+    bool hasWords = false; // a blank or a hyphen stands on the line, so it can end behind it
+    std::size_t wordStart = segment.start;
+    FontNow wordFont = segment.font;
+
+    bool ended = false;
+    while (!ended) {
+        if (m_at >= m_text.size()) {
+            lineWidth += wordWidth;
+            segment.stop = m_text.size();
+            break;
+        }
+        const std::size_t here = m_at;
+        const char16_t unit = m_text[here];
+        const Face& face = *m_state.font.face;
+        if (unit == u' ') {
+            lineWidth += wordWidth + face.width(u' ');
+            wordWidth = 0;
+            hasWords = true;
+            wordStart = ++m_at;
+            wordFont = m_state.font;
+            continue;
+        }
+        if (unit == u'\n' || unit == u'\r') {
+            m_at += unit == u'\r' && here + 1 < m_text.size() && m_text[here + 1] == u'\n' ? 2 : 1;
+            lineWidth += wordWidth;
+            segment.stop = here;
+            segment.end = Segment::End::paragraph;
+            break;
+        }
+        if (unit == u'<' && readTag(segment)) {
+            if (segment.end != Segment::End::forced) continue;
+            lineWidth += wordWidth;
+            segment.stop = here;
+            m_forced = true;
+            break;
+        }
+        char32_t character = unit;
+        std::size_t next = here + 1;
+        if (QChar::isHighSurrogate(unit) && next < m_text.size() && QChar::isLowSurrogate(m_text[next]))
+            character = QChar::surrogateToUcs4(unit, m_text[next++]);
+        m_at = next;
+        m_lineHeight = std::max(m_lineHeight, face.height());
+        const double width = face.width(character);
+        if (fits(lineWidth + wordWidth + width)) {
+            wordWidth += width;
+            if (unit == u'-') {
+                lineWidth += wordWidth;
+                wordWidth = 0;
+                hasWords = true;
+                wordStart = m_at;
+                wordFont = m_state.font;
+            }
+            continue;
+        }
+        segment.end = Segment::End::overflow;
+        m_carried = true;
+        if (hasWords) {
+            // The line ends before the word, which goes on on the next one.
+            segment.stop = m_carriedStart = wordStart;
+            m_carriedFont = wordFont;
+            m_carriedWidth = wordWidth + width;
+        } else {
+            // A single word is wider than the line: it is cut here.
+            lineWidth += wordWidth;
+            segment.stop = m_carriedStart = here;
+            m_carriedFont = m_state.font;
+            m_carriedWidth = width;
+        }
+        ended = true;
+    }
+
+    segment.width = lineWidth;
+    if (m_lineHeight == 0) m_lineHeight = m_state.font.face->height();
+    segment.height = m_lineHeight;
+    segment.alignment = m_state.alignment;
+    // Drawing asks for each segment whether it fits; measuring knows the whole line's height only.
+    if (heightBefore >= 0 && m_lineHeight > heightBefore) m_drawsAlike = false;
+    return true;
+}
+
+} // namespace vandrel
