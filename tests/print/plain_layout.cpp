@@ -133,6 +133,7 @@ struct Scan {
     qsizetype pos = 0, next = 0, wordStart = 0;
     double lineW = 0, wordW = 0, maxH = 0;
     int wordEnd = 0;
+    bool resumed = false;
 
     double widthOf(const QString& ch) const { return meter.face(state.font).width(ch); }
 
@@ -164,7 +165,10 @@ struct Scan {
                     kind = 3;
                 } else {
                     maxH = std::max(maxH, meter.face(state.font).height());
-                    if (lineW + wordW + widthOf(ch) > avail)
+                    // A line that was begun again on a new page takes its first character unasked, as the
+                    // line that it was cut from had given it away.
+                    const bool first = resumed && lineW + wordW == 0;
+                    if (!first && lineW + wordW + widthOf(ch) > avail)
                         kind = 4;
                     else if (ch == u"-")
                         kind = 2;
@@ -204,6 +208,7 @@ struct Scan {
             if (!forced) maxH = 0;
             lineW = 0;
             wordEnd = 0;
+            resumed = false;
             return true;
         }
     }
@@ -213,8 +218,9 @@ struct Scan {
 
 void Document::getSize(Item& item, const QString& text) const {
     const double full = paper.width - marginLeft - marginRight - item.indentRight - item.indentLeft;
-    item.lineHeights.clear();
+    item.lineHeights.assign(static_cast<std::size_t>(item.lineCount), 0); // the count stays, the lines go
     if (full <= 0) return;
+    item.lineHeights.clear();
     double total = item.absolute ? 0 : item.top;
     Scan scan{item, text, meter, paper, baseState(item), full, full};
     while (scan.find())
@@ -318,7 +324,6 @@ int Document::paginate() {
 // Returns the position from which to go on, counted from 1; 0: all is drawn.
 int Document::drawItem(const Item& item, const QString& text, PageTarget& target, int resumePos, double left,
                        double right, double top, double bottom, bool drawing) {
-    if (right - left <= 0) return 0;
     m_y = top;
     if (resumePos == 0 && !item.absolute) m_y += item.top;
     State lineState = baseState(item);
@@ -332,13 +337,14 @@ int Document::drawItem(const Item& item, const QString& text, PageTarget& target
         lineLeft = lineState.tagLeft;
         lineRight = lineState.tagRight;
     }
-    if (item.showBorder && drawing)
+    if (item.showBorder && drawing && (item.borderShading != -1 || item.borderLine > 0))
         target.box(left, top - 90, right, bottom + 90, item.borderShading,
                    std::max(0, item.borderLine) * twipsPerPixelY, item.borderColor);
     Scan scan{item, text, meter, paper, lineState, 0, -1};
     scan.pos = scan.next = scan.wordStart = std::max(0, resumePos - 1);
+    scan.resumed = resumePos > 0;
     bool mustFit = resumePos == 0;
-    for (;;) {
+    while (right > left) {
         scan.avail = right - left - lineLeft - lineRight;
         if (!scan.find()) break;
         if (mustFit && m_y + scan.height > bottom + 0.001) return static_cast<int>(scan.start) + 1;
@@ -387,8 +393,7 @@ int Document::drawItem(const Item& item, const QString& text, PageTarget& target
         }
         lineState = scan.endState;
         if (item.underlineAll > 0 && drawing)
-            target.rule(left + lineLeft, right - lineRight, m_y + scan.height,
-                        item.underlineAll * twipsPerPixelY, item.borderColor);
+            target.rule(left, right, m_y + scan.height, item.underlineAll * twipsPerPixelY, item.borderColor);
         if (scan.forced) {
             lineLeft = scan.state.tagLeft;
             lineRight = scan.state.tagRight;
