@@ -167,7 +167,7 @@ int DocumentWalk::DrawItem(const qcTextItem& item, int resumePos, const Frame& f
         }
         SegmentScan scan({m_text.data(), m_text.size()}, style, m_engine, SegmentScan::Purpose::drawing,
                          fullWidth);
-        if (resumePos > 1) scan.resumeAt(static_cast<std::size_t>(resumePos - 1));
+        if (resumePos > 0) scan.resumeAt(static_cast<std::size_t>(resumePos - 1));
         Segment segment;
         while (scan.next(segment)) {
             if (overflows(segment.height, frame) && !turned) return static_cast<int>(segment.start) + 1;

@@ -140,6 +140,7 @@ void SegmentScan::resumeAt(std::size_t place) {
         if (m_text[m_at] == u'<') m_state.read(m_text, m_at, next);
         m_at = next;
     }
+    m_resumed = true;
     m_lineLeft = m_state.tagLeft;
     m_lineRight = m_state.tagRight;
     m_room = m_drawingRoom = roomBetween(m_lineLeft, m_lineRight);
@@ -232,7 +233,10 @@ bool SegmentScan::next(Segment& segment) {
         m_at = next;
         m_lineHeight = std::max(m_lineHeight, face.height());
         const double width = face.width(character);
-        if (fits(lineWidth + wordWidth + width)) {
+        const bool lineEmpty = !hasWords && wordWidth == 0;
+        // Resumed, the line begins with what the line before it could not take: not asked again, or a page
+        // that is narrower than a letter would begin with an empty line and lose its last one.
+        if ((m_resumed && lineEmpty) || fits(lineWidth + wordWidth + width)) {
             wordWidth += width;
             if (unit == u'-') {
                 lineWidth += wordWidth;
@@ -245,6 +249,7 @@ bool SegmentScan::next(Segment& segment) {
         }
         segment.end = Segment::End::overflow;
         m_carried = true;
+        if (lineEmpty) m_drawsAlike = false;
         if (hasWords) {
             // The line ends before the word, which goes on on the next one.
             segment.stop = m_carriedStart = wordStart;
@@ -260,6 +265,7 @@ bool SegmentScan::next(Segment& segment) {
         ended = true;
     }
 
+    m_resumed = false;
     segment.width = lineWidth;
     if (m_lineHeight == 0) m_lineHeight = m_state.font.face->height();
     segment.height = m_lineHeight;

@@ -95,7 +95,8 @@ class SegmentScan {
     double m_lineLeft = 0;
     double m_lineRight = 0;
     double m_lineHeight = 0;
-    bool m_forced = false; // the last segment ended so
+    bool m_forced = false;  // the last segment ended so
+    bool m_resumed = false; // no segment has been given since resumeAt
     bool m_drawsAlike = true;
     // The word that did not fit and begins the next line.
     bool m_carried = false;
