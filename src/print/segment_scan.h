@@ -102,6 +102,7 @@ class SegmentScan {
     bool m_carried = false;
     std::size_t m_carriedStart = 0;
     FontNow m_carriedFont;
+    long m_carriedAlignment = 0;
     double m_carriedWidth = 0;
 };
 
