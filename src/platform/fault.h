@@ -39,16 +39,20 @@ inline constexpr int dataConversion = 3421; // a value that the column's type re
 
 class Fault : public std::exception {
   public:
-    Fault(int number, const QString& text) : m_number(number), m_text(text), m_what(text.toStdString()) {}
+    // source: the class that raises a fault of its own; empty for the system's.
+    Fault(int number, const QString& text, const QString& source = {})
+        : m_number(number), m_text(text), m_source(source), m_what(text.toStdString()) {}
 
     int number() const noexcept { return m_number; }
     // Hungarian, fit for a message box; names the file where one is concerned.
     const QString& text() const noexcept { return m_text; }
+    const QString& source() const noexcept { return m_source; }
     const char* what() const noexcept override { return m_what.c_str(); }
 
   private:
     int m_number;
     QString m_text;
+    QString m_source;
     std::string m_what;
 };
 

@@ -23,27 +23,40 @@ bool DocumentWalk::run(int startPage, int endPage) {
     m_startPage = std::max(startPage, 1);
     m_endPage = endPage;
     m_total = m_document.Pages();
-    m_document.shareGeometry();
+    return walk();
+}
 
-    // What is known of the page starts holds as long as nothing that could move a line was written.
+void DocumentWalk::findPageStarts() {
+    m_total = m_endPage = m_document.m_pages;
+    m_startPage = m_endPage + 1;
+    walk();
+}
+
+// What is known of the page starts holds as long as nothing that could move a line was written.
+void DocumentWalk::refreshStarts() {
     auto& starts = m_document.m_starts;
     const unsigned geometry = m_engine.geometry();
     const double height = m_engine.printableHeight();
     const int items = m_document.m_items.Count();
-    if (starts.writes != m_engine.writes || starts.geometry != geometry || starts.height != height ||
-        starts.items != items || starts.pages.empty()) {
-        starts = {{{}}, {}, m_engine.writes, geometry, height, items};
-        for (int index = 0; index < items; ++index)
-            if ((m_document.m_items.begin() + index)->Absolute()) starts.absolutes.push_back(index);
-    }
+    if (starts.writes == m_engine.writes && starts.geometry == geometry && starts.height == height &&
+        starts.items == items && !starts.pages.empty())
+        return;
+    starts = {{{}}, {}, m_engine.writes, geometry, height, items};
+    for (int index = 0; index < items; ++index)
+        if ((m_document.m_items.begin() + index)->Absolute()) starts.absolutes.push_back(index);
+}
 
+bool DocumentWalk::walk() {
+    m_document.shareGeometry();
+    refreshStarts();
+    const auto& starts = m_document.m_starts;
     m_page = std::min(m_startPage, static_cast<int>(starts.pages.size()));
     if (m_page > m_endPage) return true;
     const qcPrinter::PageStart first = starts.pages[static_cast<std::size_t>(m_page - 1)];
     beginPage(first);
     if (!drawFlow(first)) return m_goOn;
     // The pages left over carry absolute items, header and footer only.
-    while (turnPage({items, 0, false})) {
+    while (turnPage({starts.items, 0, false})) {
     }
     return m_goOn;
 }

@@ -16,12 +16,16 @@ class DocumentWalk {
 
     // False when pageEnded has ended it.
     bool run(int startPage, int endPage);
+    // Walks the whole document without drawing, so that no page has to be looked for later.
+    void findPageStarts();
 
   private:
     struct Frame { // twips
         double left, right, top, bottom;
     };
 
+    void refreshStarts();
+    bool walk();
     void beginPage(const qcPrinter::PageStart& start);
     bool turnPage(const qcPrinter::PageStart& next);
     void drawBands(qcPrinter::Band band);

@@ -1,5 +1,6 @@
 #include "print/packed_text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -47,8 +48,7 @@ void pack(std::u16string_view text, std::vector<unsigned char>& bytes) {
 
 PackedText::PackedText(QStringView text) {
     if (text.isEmpty()) return;
-    std::vector<unsigned char> bytes;
-    bytes.reserve(static_cast<std::size_t>(text.size()) + 16);
+    static thread_local std::vector<unsigned char> bytes;
     pack({text.utf16(), static_cast<std::size_t>(text.size())}, bytes);
     const auto size = static_cast<std::uint32_t>(bytes.size());
     m_bytes.reset(new unsigned char[sizeof size + bytes.size()]);
@@ -82,22 +82,27 @@ void PackedText::unpack(std::vector<char16_t>& buffer) const {
     std::memcpy(&size, m_bytes.get(), sizeof size);
     const unsigned char* at = m_bytes.get() + sizeof size;
     const unsigned char* const end = at + size;
+    // A byte makes at most one letter; a tag makes room for its own.
+    buffer.resize(size);
+    char16_t* out = buffer.data();
     while (at < end) {
         const unsigned char byte = *at++;
         if (byte < 0x80) {
-            buffer.push_back(byte);
+            *out++ = byte;
         } else if (byte >= firstTag) {
             const std::u16string_view tag = tags[byte - firstTag];
-            buffer.insert(buffer.end(), tag.begin(), tag.end());
+            const auto done = static_cast<std::size_t>(out - buffer.data());
+            buffer.resize(buffer.size() + tag.size());
+            out = std::copy(tag.begin(), tag.end(), buffer.data() + done);
         } else if (byte < 0xE0) {
-            buffer.push_back(static_cast<char16_t>((byte & 0x1F) << 6 | (*at & 0x3F)));
+            *out++ = static_cast<char16_t>((byte & 0x1F) << 6 | (*at & 0x3F));
             ++at;
         } else {
-            buffer.push_back(
-                static_cast<char16_t>((byte & 0x0F) << 12 | (at[0] & 0x3F) << 6 | (at[1] & 0x3F)));
+            *out++ = static_cast<char16_t>((byte & 0x0F) << 12 | (at[0] & 0x3F) << 6 | (at[1] & 0x3F));
             at += 2;
         }
     }
+    buffer.resize(static_cast<std::size_t>(out - buffer.data()));
 }
 
 } // namespace vandrel

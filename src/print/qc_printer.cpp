@@ -79,6 +79,7 @@ void qcPrinter::setScaleMode(long mode) {
         m_margins[which] = static_cast<float>(
             fromTwips(marginTwips(which), mode, marginAxes[which], m_engine.printer.size()));
     m_scaleMode = mode;
+    m_lastStyle.reset();
     for (qcTextItem& item : m_items)
         item.setScaleMode(mode);
     for (qcTextItem& item : m_slotItems)
@@ -203,28 +204,33 @@ void qcPrinter::FooterCopy(int from, int to) {
 }
 
 void qcPrinter::AddText(const QString& text, const TextLook& look, const QString& key) {
-    qcTextItem item(m_engine);
-    item.setText(text);
-    ItemStyle& style = item.change(true);
-    style.fontName = look.fontName;
-    style.fontSize = look.fontSize;
-    style.fontBold = look.bold;
-    style.fontItalic = look.italic;
-    style.fontUnderline = look.underline;
-    style.fontColor = look.color;
-    style.alignment = look.alignment;
-    style.scaleMode = m_scaleMode; // before the indents
-    style.indentLeft = item.inside(look.indentLeft, Axis::horizontal);
-    style.indentRight = item.inside(look.indentRight, Axis::horizontal);
-    if (m_lastStyle && m_lastStyle->same(style))
-        item.m_style = m_lastStyle;
-    else
+    const unsigned geometry =
+        m_engine.geometry(); // a percent of the paper is another length on another paper
+    if (!m_lastStyle || m_lastLook != look || m_lastGeometry != geometry) {
+        m_lastLook = look;
+        m_lastGeometry = geometry;
+        qcTextItem item(m_engine);
+        ItemStyle& style = item.change(true);
+        style.fontName = look.fontName;
+        style.fontSize = look.fontSize;
+        style.fontBold = look.bold;
+        style.fontItalic = look.italic;
+        style.fontUnderline = look.underline;
+        style.fontColor = look.color;
+        style.alignment = look.alignment;
+        style.scaleMode = m_scaleMode; // before the indents
+        style.indentLeft = item.inside(look.indentLeft, Axis::horizontal);
+        style.indentRight = item.inside(look.indentRight, Axis::horizontal);
         m_lastStyle = item.m_style;
-    m_items.Add(std::move(item), key).GetSize();
+    }
+    qcTextItem& item = m_items.Add(qcTextItem(m_lastStyle), key);
+    item.setText(text);
+    item.measure({reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())});
 }
 
 void qcPrinter::ResetItems() {
     m_items = {};
+    m_form.reset();
     m_table.clear();
     makeSlots();
     m_engine.raisePaging();
@@ -261,7 +267,10 @@ void qcPrinter::prepareBands(int page, bool isLast, int total) {
 }
 
 int qcPrinter::Pages() {
-    if (m_engine.NeedsPaging) paginate();
+    if (m_engine.NeedsPaging) {
+        paginate();
+        DocumentWalk(*this, {}, {}).findPageStarts();
+    }
     return m_pages;
 }
 

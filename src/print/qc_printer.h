@@ -3,6 +3,7 @@
 #pragma once
 
 #include "print/document_table.h"
+#include "print/form_print.h"
 #include "print/text_item_col.h"
 
 #include <array>
@@ -21,6 +22,8 @@ struct TextLook {
     long alignment = 0;
     float indentLeft = 0; // in the document's ScaleMode
     float indentRight = 0;
+
+    bool operator==(const TextLook&) const = default;
 };
 
 // The last placement of the preview window; state -1: none yet, 0 normal, 2 maximised.
@@ -107,6 +110,13 @@ class qcPrinter {
     // Shows the preview window and waits until it is closed.
     void Preview();
 
+    // One absolute item on page 1 for every control, as if the form's width were the paper's. alignment is
+    // how the texts stand in their controls' widths. Items are kept under the controls' names, option buttons
+    // under "Opt:" and the name; fault 457 for a name that is there already.
+    void FormPrint(const PrintableForm& form, long alignment = form_alignment::left);
+    // The controls' present texts into those items. Faults formNotPrinted and otherForm, with their source.
+    void FormPrint_Update(const PrintableForm& form);
+
   private:
     friend class DocumentWalk;
 
@@ -157,10 +167,13 @@ class qcPrinter {
     qcTextItemCol m_slotItems; // Head0 to Head4, Foot0 to Foot4
     DocumentTable m_table;
     std::array<std::array<bool, slotCount>, 2> m_inUse{}; // headers, footers
-    std::array<qcTextItem*, 2> m_band{};              // of the page being handled; null: none
+    std::array<qcTextItem*, 2> m_band{};                  // of the page being handled; null: none
     PageStarts m_starts;
-    QSharedDataPointer<ItemStyle>
-        m_lastStyle; // of the last AddText: most paragraphs look like the one before
+    std::optional<QString> m_form; // that FormPrint has printed
+    // Of the last AddText: most paragraphs look like the one before.
+    TextLook m_lastLook;
+    unsigned m_lastGeometry = 0;
+    QSharedDataPointer<ItemStyle> m_lastStyle; // null: there is none in this ScaleMode
 };
 
 } // namespace vandrel

@@ -1,6 +1,8 @@
 #include "print/segment_scan.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 
 namespace vandrel {
@@ -14,6 +16,15 @@ bool begins(QStringView body, QLatin1String name) {
     return body.startsWith(name, Qt::CaseInsensitive);
 }
 
+QString tagValue(QStringView body) {
+    return qcTextItem::GetTagValue(body);
+}
+
+// The value of an indent tag, straight from the text: a list has several of them on every line.
+QStringView indentOf(QStringView body) {
+    return body.mid(8);
+}
+
 // A colour number of any size as R + 256 G + 65536 B.
 long colourOf(QStringView value) {
     const double number = leadingNumber(value);
@@ -23,22 +34,19 @@ long colourOf(QStringView value) {
 } // namespace
 
 double leadingNumber(QStringView text) {
-    text = text.trimmed();
-    const auto digits = [&](qsizetype from) {
-        while (from < text.size() && text[from] >= u'0' && text[from] <= u'9')
-            ++from;
-        return from;
-    };
-    qsizetype end = !text.isEmpty() && (text[0] == u'-' || text[0] == u'+') ? 1 : 0;
-    end = digits(end);
-    if (end < text.size() && text[end] == u'.') end = digits(end + 1);
-    if (end < text.size() && (text[end] == u'e' || text[end] == u'E')) {
-        qsizetype exponent = end + 1;
-        if (exponent < text.size() && (text[exponent] == u'-' || text[exponent] == u'+')) ++exponent;
-        if (digits(exponent) > exponent) end = digits(exponent);
+    // No number of use is longer; a longer one loses digits that no printer shows.
+    std::array<char, 40> digits{};
+    std::size_t count = 0;
+    for (const QChar letter : text.trimmed()) {
+        const char16_t unit = letter.unicode();
+        if (unit > 0x7F || count == digits.size()) break;
+        digits[count++] = static_cast<char>(unit);
     }
-    const double number = text.left(end).toDouble(); // always with a point
-    return std::isfinite(number) ? number : 0;
+    const char* first = digits.data();
+    if (count > 0 && *first == '+') ++first;
+    double number = 0;
+    const auto read = std::from_chars(first, digits.data() + count, number);
+    return read.ec == std::errc{} && std::isfinite(number) ? number : 0;
 }
 
 TagState::TagState(const ItemStyle& style, TextMeter& meter, const PaperSize& paper)
@@ -56,48 +64,26 @@ TagState::Effect TagState::read(std::u16string_view text, std::size_t at, std::s
 }
 
 TagState::Effect TagState::apply(QStringView body) {
-    FontSpec spec = font.face->spec();
-    if (body.size() < 3 || body[0] == u'/') {
-        if (same(body, QLatin1String("B")) || same(body, QLatin1String("/B"))) {
-            spec.bold = body[0] != u'/';
-            setFace(spec);
-        } else if (same(body, QLatin1String("I")) || same(body, QLatin1String("/I"))) {
-            spec.italic = body[0] != u'/';
-            setFace(spec);
-        } else if (same(body, QLatin1String("U")) || same(body, QLatin1String("/U"))) {
-            font.underline = body[0] != u'/';
-        } else if (same(body, QLatin1String("/FONT"))) {
-            spec.name = m_style.fontName;
-            setFace(spec);
-        } else if (same(body, QLatin1String("/COLOR"))) {
-            font.color = m_style.fontColor;
-        } else if (same(body, QLatin1String("/SIZE"))) {
-            spec.size = m_style.fontSize;
-            setFace(spec);
-        } else if (same(body, QLatin1String("/ALIGN"))) {
-            alignment = m_style.alignment;
-        } else if (same(body, QLatin1String("/LINDENT"))) {
-            tagLeft = 0;
-            return Effect::closed;
-        } else if (same(body, QLatin1String("/RINDENT"))) {
-            tagRight = 0;
-            return Effect::closed;
-        } else {
-            return Effect::none;
-        }
-        return Effect::applied;
+    if (body.size() < 3 || body[0] == u'/') return applyShort(body);
+    if (begins(body, QLatin1String("LINDENT=")) || begins(body, QLatin1String("RINDENT="))) {
+        const bool left = body[0] == u'L' || body[0] == u'l';
+        (left ? tagLeft : tagRight) =
+            toTwips(leadingNumber(indentOf(body)), m_style.scaleMode, Axis::horizontal, m_paper);
+        return Effect::forced;
     }
-    const auto value = [&] { return qcTextItem::GetTagValue(body); };
+    if (begins(body, QLatin1String("FORCE"))) return Effect::forced;
     if (begins(body, QLatin1String("FONT="))) {
-        spec.name = value();
+        FontSpec spec = font.face->spec();
+        spec.name = tagValue(body);
         setFace(spec);
     } else if (begins(body, QLatin1String("COLOR="))) {
-        font.color = colourOf(value());
+        font.color = colourOf(tagValue(body));
     } else if (begins(body, QLatin1String("SIZE="))) {
-        spec.size = static_cast<float>(std::clamp(leadingNumber(value()), -1e6, 1e6));
+        FontSpec spec = font.face->spec();
+        spec.size = static_cast<float>(std::clamp(leadingNumber(tagValue(body)), -1e6, 1e6));
         setFace(spec);
     } else if (begins(body, QLatin1String("ALIGN="))) {
-        const QString word = value().toUpper();
+        const QString word = tagValue(body).toUpper();
         if (word == QLatin1String("LEFT"))
             alignment = item_alignment::left;
         else if (word == QLatin1String("RIGHT"))
@@ -106,17 +92,41 @@ TagState::Effect TagState::apply(QStringView body) {
             alignment = item_alignment::centre;
         else if (word == QLatin1String("JUSTIFY"))
             alignment = item_alignment::justify;
-    } else if (begins(body, QLatin1String("LINDENT=")) || begins(body, QLatin1String("RINDENT="))) {
-        const QStringView number = body.mid(8);
-        // Straight from the text: a list has several of them on every line.
-        const double length = number.startsWith(u'#') ? leadingNumber(value()) : leadingNumber(number);
-        const bool left = body[0] == u'L' || body[0] == u'l';
-        (left ? tagLeft : tagRight) = toTwips(length, m_style.scaleMode, Axis::horizontal, m_paper);
-        return Effect::forced;
-    } else if (begins(body, QLatin1String("FORCE"))) {
-        return Effect::forced;
     }
     return Effect::applied; // an unknown tag vanishes without trace
+}
+
+TagState::Effect TagState::applyShort(QStringView body) {
+    if (same(body, QLatin1String("/LINDENT"))) {
+        tagLeft = 0;
+        return Effect::closed;
+    }
+    if (same(body, QLatin1String("/RINDENT"))) {
+        tagRight = 0;
+        return Effect::closed;
+    }
+    FontSpec spec = font.face->spec();
+    if (same(body, QLatin1String("B")) || same(body, QLatin1String("/B"))) {
+        spec.bold = body[0] != u'/';
+    } else if (same(body, QLatin1String("I")) || same(body, QLatin1String("/I"))) {
+        spec.italic = body[0] != u'/';
+    } else if (same(body, QLatin1String("/FONT"))) {
+        spec.name = m_style.fontName;
+    } else if (same(body, QLatin1String("/SIZE"))) {
+        spec.size = m_style.fontSize;
+    } else {
+        if (same(body, QLatin1String("U")) || same(body, QLatin1String("/U")))
+            font.underline = body[0] != u'/';
+        else if (same(body, QLatin1String("/COLOR")))
+            font.color = m_style.fontColor;
+        else if (same(body, QLatin1String("/ALIGN")))
+            alignment = m_style.alignment;
+        else
+            return Effect::none;
+        return Effect::applied;
+    }
+    setFace(spec);
+    return Effect::applied;
 }
 
 SegmentScan::SegmentScan(std::u16string_view text, const ItemStyle& style, PrintEngine& engine,

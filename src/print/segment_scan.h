@@ -37,6 +37,7 @@ class TagState {
 
   private:
     Effect apply(QStringView body);
+    Effect applyShort(QStringView body); // shorter than three letters, or an end tag
     void setFace(const FontSpec& spec) { font.face = &m_meter.face(spec); }
 
     const ItemStyle& m_style;

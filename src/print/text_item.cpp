@@ -216,11 +216,21 @@ QString qcTextItem::GetTagValue(QStringView tag) {
 
 void qcTextItem::GetSize() {
     const ItemStyle& style = *m_style.constData();
-    PrintEngine& engine = *style.engine;
-    const unsigned geometry = engine.geometry();
-    if (m_measured == geometry) return; // nothing has changed: the outcome would be the same, Width too
-    m_measured = geometry;
+    if (m_measured == style.engine->geometry()) return; // nothing has changed: the outcome would be the same
+    static thread_local std::vector<char16_t> buffer;
+    if (style.useParsedText) {
+        const auto* units = reinterpret_cast<const char16_t*>(style.parsedText.utf16());
+        buffer.assign(units, units + style.parsedText.size());
+    } else {
+        m_text.unpack(buffer);
+    }
+    measure({buffer.data(), buffer.size()});
+}
 
+void qcTextItem::measure(std::u16string_view text) {
+    const ItemStyle& style = *m_style.constData();
+    PrintEngine& engine = *style.engine;
+    m_measured = engine.geometry();
     const Face& base = engine.meter.face({style.fontName, style.fontSize, style.fontBold, style.fontItalic});
     m_defaultLineHeight = static_cast<float>(base.height() + style.lineSpacing);
     const double fullWidth = engine.printer.size().width - engine.marginLeft - engine.marginRight -
@@ -233,15 +243,7 @@ void qcTextItem::GetSize() {
         return;
     }
 
-    static thread_local std::vector<char16_t> buffer;
-    if (style.useParsedText) {
-        const auto* units = reinterpret_cast<const char16_t*>(style.parsedText.utf16());
-        buffer.assign(units, units + style.parsedText.size());
-    } else {
-        m_text.unpack(buffer);
-    }
-    SegmentScan scan({buffer.data(), buffer.size()}, style, engine, SegmentScan::Purpose::measuring,
-                     fullWidth);
+    SegmentScan scan(text, style, engine, SegmentScan::Purpose::measuring, fullWidth);
 
     double total = style.absolute ? 0 : style.top;
     double width = m_width; // never reset: it only rises here, and that is wanted

@@ -159,7 +159,9 @@ class qcTextItem {
         std::vector<Line> lines;
     };
 
-    ItemStyle& change(bool dirty); // the style, to be written to
+    explicit qcTextItem(const QSharedDataPointer<ItemStyle>& style) : m_style(style) {}
+    void measure(std::u16string_view text); // GetSize of the text that it takes
+    ItemStyle& change(bool dirty);          // the style, to be written to
     float outside(float twips, Axis axis) const;
     float inside(float length, Axis axis) const;
 

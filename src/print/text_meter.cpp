@@ -36,10 +36,12 @@ double Face::width(QStringView text) const {
 TextMeter::~TextMeter() = default;
 
 const Face& TextMeter::face(const FontSpec& spec) {
+    if (m_last != nullptr && m_last->spec() == spec) return *m_last;
     // A size that is not a number has no place in an order.
     const float size = std::isfinite(spec.size) ? spec.size : 0;
     auto& face = m_faces[{spec.name, size, spec.bold, spec.italic}];
     if (!face) face = makeFace({spec.name, size, spec.bold, spec.italic});
+    m_last = face.get();
     return *face;
 }
 

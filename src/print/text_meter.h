@@ -68,6 +68,7 @@ class TextMeter {
     virtual std::unique_ptr<Face> makeFace(const FontSpec& spec) = 0;
 
   private:
+    const Face* m_last = nullptr; // most texts are in the font of the one before
     std::map<std::tuple<QString, float, bool, bool>, std::unique_ptr<Face>> m_faces;
 };
 

@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv); // processes and files only, no screen
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv); // processes, files and fonts; no screen
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,90 @@
+#include "print/document_table.h"
+
+#include "platform/code_page.h"
+#include "platform/whole_file.h"
+
+#include <string>
+#include <string_view>
+
+namespace vandrel {
+
+namespace {
+
+constexpr const char* byteOrderMark = "\xEF\xBB\xBF";
+
+std::string_view view(const QByteArray& bytes, qsizetype from, qsizetype to) {
+    return {bytes.constData() + from, static_cast<std::size_t>(to - from)};
+}
+
+// Calls line with every physical line of the table, its line end included.
+template<typename Line>
+void forEachLine(const QByteArray& csv, Line line) {
+    for (qsizetype from = 0; from < csv.size();) {
+        const qsizetype end = csv.indexOf('\n', from);
+        const qsizetype to = end < 0 ? csv.size() : end + 1;
+        line(view(csv, from, to));
+        from = to;
+    }
+}
+
+QString quoted(const QString& cell) {
+    bool plain = true;
+    for (const QChar character : cell)
+        plain = plain && character != u';' && character != u'"' && character != u'\r' && character != u'\n';
+    if (plain) return cell;
+    QString doubled = cell;
+    return u'"' + doubled.replace(u'"', QLatin1String("\"\"")) + u'"';
+}
+
+} // namespace
+
+void DocumentTable::clear() {
+    m_csv.clear();
+    m_rows = 0;
+}
+
+void DocumentTable::addRow(const QStringList& cells) {
+    bool first = true;
+    for (const QString& cell : cells) {
+        if (!std::exchange(first, false)) m_csv += ';';
+        m_csv += quoted(cell).toUtf8();
+    }
+    m_csv += "\r\n";
+    ++m_rows;
+}
+
+qint64 DocumentTable::unencodable(Encoding encoding) const {
+    if (encoding == Encoding::utf8) return 0;
+    qint64 count = 0;
+    std::string bytes;
+    forEachLine(m_csv, [&](std::string_view line) {
+        bytes.clear();
+        if (code_page::appendUtf8(bytes, line)) return;
+        for (std::size_t at = 0; at < line.size();) {
+            std::size_t next = at + 1;
+            while (next < line.size() && (static_cast<unsigned char>(line[next]) & 0xC0) == 0x80)
+                ++next;
+            if (!code_page::appendUtf8(bytes, line.substr(at, next - at))) ++count;
+            at = next;
+        }
+    });
+    return count;
+}
+
+void DocumentTable::save(const QString& path, Encoding encoding) const {
+    WholeFile file(path);
+    if (encoding == Encoding::utf8) {
+        file.write(byteOrderMark);
+        file.write(m_csv);
+    } else {
+        std::string bytes;
+        forEachLine(m_csv, [&](std::string_view line) {
+            bytes.clear();
+            code_page::appendUtf8(bytes, line);
+            file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        });
+    }
+    file.keep(); // looks at every write
+}
+
+} // namespace vandrel
