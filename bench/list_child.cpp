@@ -125,7 +125,7 @@ int engineChild(int sheets, const QString& pdf) {
     list.meter.face({listFont, listFontSize, false, false}).width(u'a');
     const double before = peakMegabytes();
     const PaperSize paper = list.engine.printer.size();
-    WidthWalk floor(list.meter, paper.width - 2 * listMargin * twipsOfMillimetre);
+    WidthWalk floor(list.meter, paper.width - (listMarginLeft + listMargin) * twipsOfMillimetre);
     list.build(sheets, &floor);
     const Stopwatch paginating;
     const int pages = list.document.Pages();
@@ -245,6 +245,7 @@ int documentChild(int sheets, const QString& pdf) {
     document.setPageSize(QSizeF(length(210), length(297)));
     QTextFrameFormat frame = document.rootFrame()->frameFormat();
     frame.setMargin(length(listMargin));
+    frame.setLeftMargin(length(listMarginLeft));
     document.rootFrame()->setFrameFormat(frame);
     cursor.endEditBlock();
     const int pages = document.pageCount();

@@ -128,17 +128,20 @@ TextLook listLook() {
 void prepareDocument(qcPrinter& document) {
     document.ResetItems();
     document.setScaleMode(scale_mode::millimetre);
-    document.setMarginLeft(listMargin);
+    document.setMarginLeft(listMarginLeft);
     document.setMarginRight(listMargin);
     document.setMarginTop(listMargin);
     document.setMarginBottom(listMargin);
-    qcTextItem& footer = document.Footer(4);
+    constexpr int even = 3, odd = 2;
+    qcTextItem& footer = document.Footer(even);
     footer.setText(QStringLiteral("#pagenumber# / #pagetotal# .oldal"));
     footer.setFontName(listFont);
     footer.setFontSize(10);
     footer.setFontBold(true);
     footer.setAlignment(item_alignment::centre);
-    document.setSetFooter(4, true);
+    document.FooterCopy(even, odd);
+    document.setSetFooter(even, true);
+    document.setSetFooter(odd, true);
 }
 
 } // namespace vandrel::bench

@@ -15,8 +15,10 @@ namespace vandrel::bench {
 inline const QString sheetMark = QStringLiteral("Beavatkozások:");
 
 inline const QString listFont = QStringLiteral("Times New Roman");
-inline constexpr float listFontSize = 9;   // points
-inline constexpr float listMargin = 15;    // millimetres, on all sides
+inline constexpr float listFontSize = 9; // points
+// Millimetres, as the lists have them.
+inline constexpr float listMarginLeft = 20;
+inline constexpr float listMargin = 10;    // on the other sides
 inline constexpr int textsOfSheet = 5;     // four lines and a blank one
 inline constexpr int batchSheets = 500;    // sheets whose texts exist at one time
 inline constexpr int sheetsOfUnit = 2'500; // a title block stands before so many
