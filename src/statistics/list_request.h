@@ -41,9 +41,12 @@ enum class ListOutcome {
 
 // How a running list shows itself. Empty functions are allowed.
 struct ListProgress {
-    std::function<void(const QString&)> status;     // a text for the status line
-    std::function<void(qint64, qint64)> sheetsDone; // sheets done and all of them, a few times a second
-    std::function<bool()> stopWanted;               // asked a few times a second; true breaks the list off
+    std::function<void(const QString&)> status; // a text for the status line
+    // Sheets done and all of them, a few times a second. Lists 3 and 4 then count their lines the same way.
+    std::function<void(qint64, qint64)> sheetsDone;
+    // Asked a few times a second: true when the user has pressed Esc since it was last asked. The list's
+    // runner then asks whether to stop; the screen asks nothing itself.
+    std::function<bool()> stopWanted;
 };
 
 } // namespace vandrel
