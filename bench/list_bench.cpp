@@ -137,13 +137,47 @@ void measurePreview(Table& table, const QString& folder, int sheets, int rounds)
     page("the same pages again, worst", 10);
 }
 
+void measureStored(Table& table, const QString& clinic, const QString& folder, int rounds) {
+    const QString name = QStringLiteral("list of the 100,000 stored sheets");
+    Pairs made, paged, memory;
+    std::vector<double> before;
+    for (int round = 0; round <= rounds; ++round) {
+        // both: seconds, texts, their checksum; then the program: memory before and peak, seconds with the
+        // pages, pages; the floor: peak
+        const QStringList ours =
+            runChild(ownProgram(),
+                     {QStringLiteral("--list"), QStringLiteral("stored"), clinic, storedFrom, storedTo},
+                     folder)
+                .output.split(u' ');
+        const QStringList floor =
+            runChild(neighbour(QStringLiteral("vandrel-floor-list")),
+                     {clinic, storedFrom, storedTo, QStringLiteral("2008.04.03.")}, folder)
+                .output.split(u' ');
+        if (ours[1] != floor[1] || ours[2] != floor[2] || ours[1].toInt() < 400'000) {
+            std::fprintf(stderr, "the texts of the list differ from the floor's\n");
+            std::exit(1);
+        }
+        if (round == 0) continue; // the machine's file cache was filled
+        add(made, ours[0].toDouble(), floor[0].toDouble());
+        add(paged, ours[5].toDouble(), floor[0].toDouble());
+        add(memory, ours[4].toDouble(), floor[3].toDouble() / 1024);
+        before.push_back(ours[3].toDouble());
+    }
+    table.pairs(name + QStringLiteral(" / reading the rows in C"), made, QStringLiteral("s"), 1);
+    table.pairs(name + QStringLiteral(", all pages found / the same"), paged, QStringLiteral("s"), 1);
+    table.pairs(name + QStringLiteral(": peak memory / floor's"), memory, QStringLiteral("MB"), 1,
+                QStringLiteral("150 MB"));
+    table.single(name + QStringLiteral(": memory before it"), megabytes(before));
+}
+
 } // namespace
 
-void measureLists(Table& table, const QString& workFolder, int rounds) {
+void measureLists(Table& table, const QString& clinic, const QString& workFolder, int rounds) {
     QDir().mkpath(workFolder);
     for (const int sheets : {10'000, 100'000})
         measureDocument(table, workFolder, sheets, rounds);
     measurePreview(table, workFolder, 100'000, rounds);
+    measureStored(table, clinic, workFolder, rounds);
 }
 
 } // namespace vandrel::bench

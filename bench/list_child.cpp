@@ -7,6 +7,7 @@
 #include "print/font_meter.h"
 #include "print/page_painter.h"
 #include "print/pdf_file.h"
+#include "statistics/list_runner.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QGuiApplication>
@@ -316,10 +317,55 @@ int previewChild(int sheets) {
     return 0;
 }
 
+class FailingDialogue : public Dialogue {
+  public:
+    Answer show(const Message& message) override { fail(message.text.toUtf8().constData()); }
+};
+
+class NoPacker : public Packer {
+  public:
+    void start(const QString&, const QString&, const QString&) override { fail("nothing is packed"); }
+    bool waitForFinished() override { return true; }
+};
+
+// The whole list from the stored sheets, as the statistics screen makes it, with all its pages found.
+int storedChild(const QString& folder, const QString& from, const QString& to) {
+    List list;
+    FailingDialogue dialogue;
+    NoPacker packer;
+    Workstation station(folder, dialogue, list.clock, packer);
+    station.serveEvents = [] { QCoreApplication::processEvents(); };
+    for (const DataFile file : {DataFile::tetdata, DataFile::tetmod})
+        station.files[file];
+    ListRequest request;
+    request.allCategories = true;
+    request.from = from;
+    request.to = to;
+    request.fromCode = QStringLiteral("000000000");
+    request.toCode = QStringLiteral("999999999");
+    const double before = peakMegabytes();
+    const Stopwatch watch;
+    if (runList(station, StatisticsList::trafficLog, request, list.document, {}) != ListOutcome::ready)
+        fail("the list was not made");
+    const double run = watch.seconds();
+    const int pages = list.document.Pages();
+    const double all = watch.seconds();
+    const double peak = peakMegabytes();
+    std::uint64_t checksum = 14695981039346656037U;
+    for (const qcTextItem& item : list.document.TextItem())
+        for (const char byte : item.Text().toUtf8() + '\n')
+            checksum = (checksum ^ static_cast<unsigned char>(byte)) * 1099511628211U;
+    std::printf("%.6f %d %016llx %.1f %.1f %.6f %d", run, list.document.ItemCount(),
+                static_cast<unsigned long long>(checksum), before, peak, all, pages);
+    return 0;
+}
+
 } // namespace
 
 int listChild(int argc, char** argv, const QStringList& words) {
     const QGuiApplication application(argc, argv);
+    if (words[0] == QLatin1String("stored"))
+        return storedChild(words.value(1), words.value(2), words.value(3));
     const int sheets = words.value(1).toInt();
     if (words[0] == QLatin1String("engine")) return engineChild(sheets, words.value(2));
     if (words[0] == QLatin1String("paint")) return paintChild(sheets, words.value(2));

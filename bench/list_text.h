@@ -23,6 +23,10 @@ inline constexpr int textsOfSheet = 5;     // four lines and a blank one
 inline constexpr int batchSheets = 500;    // sheets whose texts exist at one time
 inline constexpr int sheetsOfUnit = 2'500; // a title block stands before so many
 
+// The period of the list of the sample clinic: all its sheets.
+inline const QString storedFrom = QStringLiteral("2003.01.01.");
+inline const QString storedTo = QStringLiteral("2008.12.31.");
+
 class TrafficLogTexts {
   public:
     explicit TrafficLogTexts(int sheets) : m_sheets(sheets) {}

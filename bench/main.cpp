@@ -40,7 +40,11 @@ int main(int argc, char** argv) {
         return words.isEmpty() || words.contains(QLatin1String(what));
     };
     Table table;
-    if (wanted("lists")) measureLists(table, folder + QStringLiteral("/lists"), rounds);
+    if (wanted("lists")) {
+        const QString clinic = QDir(folder).filePath(QStringLiteral("100000"));
+        makeSampleClinic(clinic, 100'000);
+        measureLists(table, clinic, folder + QStringLiteral("/lists"), rounds);
+    }
     const bool others = wanted("start") || wanted("entry") || wanted("report");
     for (const auto& [sheets, name] : {std::pair(100'000, "100,000"), std::pair(500'000, "500,000")}) {
         if (!others) break;
