@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 namespace vandrel {
 
@@ -154,6 +155,7 @@ void SegmentScan::resumeAt(std::size_t place) {
         if (m_text[m_at] == u'<') m_state.read(m_text, m_at, next);
         m_at = next;
     }
+    m_resumed = true;
     m_lineLeft = m_state.tagLeft;
     m_lineRight = m_state.tagRight;
     m_room = m_drawingRoom = roomBetween(m_lineLeft, m_lineRight);
@@ -202,10 +204,11 @@ bool SegmentScan::next(Segment& segment) {
     segment.end = Segment::End::text;
     double lineWidth = 0; // of the words that are on the line
     double wordWidth = m_carried ? m_carriedWidth : 0;
-    m_carried = false;
+    const bool carried = std::exchange(m_carried, false);
     bool hasWords = false; // a blank or a hyphen stands on the line, so it can end behind it
     std::size_t wordStart = segment.start;
     FontNow wordFont = segment.font;
+    long wordAlignment = carried ? m_carriedAlignment : m_state.alignment;
 
     bool ended = false;
     while (!ended) {
@@ -223,6 +226,7 @@ bool SegmentScan::next(Segment& segment) {
             hasWords = true;
             wordStart = ++m_at;
             wordFont = m_state.font;
+            wordAlignment = m_state.alignment;
             continue;
         }
         if (unit == u'\n' || unit == u'\r') {
@@ -246,7 +250,10 @@ bool SegmentScan::next(Segment& segment) {
         m_at = next;
         m_lineHeight = std::max(m_lineHeight, face.height());
         const double width = face.width(character);
-        if (fits(lineWidth + wordWidth + width)) {
+        const bool lineEmpty = !hasWords && wordWidth == 0;
+        // Resumed, the line begins with what the line before it could not take: not asked again, or a page
+        // that is narrower than a letter would begin with an empty line and lose its last one.
+        if ((m_resumed && lineEmpty) || fits(lineWidth + wordWidth + width)) {
             wordWidth += width;
             if (unit == u'-') {
                 lineWidth += wordWidth;
@@ -254,30 +261,36 @@ bool SegmentScan::next(Segment& segment) {
                 hasWords = true;
                 wordStart = m_at;
                 wordFont = m_state.font;
+                wordAlignment = m_state.alignment;
             }
             continue;
         }
         segment.end = Segment::End::overflow;
         m_carried = true;
+        if (lineEmpty) m_drawsAlike = false;
         if (hasWords) {
             // The line ends before the word, which goes on on the next one.
             segment.stop = m_carriedStart = wordStart;
             m_carriedFont = wordFont;
+            m_carriedAlignment = wordAlignment;
             m_carriedWidth = wordWidth + width;
         } else {
             // A single word is wider than the line: it is cut here.
             lineWidth += wordWidth;
             segment.stop = m_carriedStart = here;
             m_carriedFont = m_state.font;
+            m_carriedAlignment = m_state.alignment;
             m_carriedWidth = width;
         }
         ended = true;
     }
 
+    m_resumed = false;
     segment.width = lineWidth;
+    // A tag in the word that goes on on the next line has no say on the segment that ended before it.
+    segment.alignment = m_carried ? m_carriedAlignment : m_state.alignment;
     if (m_lineHeight == 0) m_lineHeight = m_state.font.face->height();
     segment.height = m_lineHeight;
-    segment.alignment = m_state.alignment;
     // Drawing asks for each segment whether it fits; measuring knows the whole line's height only.
     if (heightBefore >= 0 && m_lineHeight > heightBefore) m_drawsAlike = false;
     return true;
