@@ -3,6 +3,7 @@
 #include "foundation/dialogue.h"
 #include "platform/fault.h"
 #include "print/forms/save_question.h"
+#include "print/page_spool.h"
 #include "print/paged_job.h"
 #include "print/pdf_file.h"
 #include "print/save_name.h"
@@ -25,10 +26,10 @@ namespace {
 
 const QString pdfName = QStringLiteral("PDF fájl");
 
-// One document on its way to a printer.
-class PrinterJob : public PagedJob {
+// Painting onto a printer. What has begun here comes out.
+class PrinterOutput : public PagedJob {
   public:
-    PrinterJob(const QPrinterInfo& info, const PrintJobSetup& setup)
+    PrinterOutput(const QPrinterInfo& info, const PrintJobSetup& setup)
         : m_name(info.printerName()), m_printer(info, QPrinter::HighResolution) {
         m_printer.setResolution(1440); // one unit is one twip
         m_printer.setDocName(setup.title);
@@ -43,7 +44,7 @@ class PrinterJob : public PagedJob {
         m_printer.setFullPage(true);
         if (!begin(m_printer)) throw refused();
     }
-    ~PrinterJob() override {
+    ~PrinterOutput() override {
         if (!m_done) m_printer.abort();
         stop();
     }
@@ -62,6 +63,31 @@ class PrinterJob : public PagedJob {
     QString m_name;
     QPrinter m_printer;
     bool m_done = false;
+};
+
+QPrinterInfo printerNamed(const QString& name) {
+    const QPrinterInfo info = QPrinterInfo::printerInfo(name);
+    if (info.isNull())
+        throw Fault(fault::noPrinter, QStringLiteral("A nyomtató nem érhető el: %1").arg(name));
+    return info;
+}
+
+// One document on its way to a printer; the printer gets it when it is complete.
+class PrinterJob : public PrintJob {
+  public:
+    PrinterJob(const QString& name, const PrintJobSetup& setup) : m_name(name), m_setup(setup) {}
+    PageTarget& page() override { return m_spool; }
+    void newPage() override { m_spool.newPage(); }
+    void endDoc() override {
+        PrinterOutput output(printerNamed(m_name), m_setup);
+        m_spool.play(output);
+        output.endDoc();
+    }
+
+  private:
+    QString m_name;
+    PrintJobSetup m_setup;
+    PageSpool m_spool;
 };
 
 PrinterPaper paperOf(const QPageSize& size) {
@@ -138,10 +164,10 @@ std::unique_ptr<PrintJob> SystemPrinters::begin(const PrintJobSetup& setup) {
         if (path.isEmpty()) return nullptr;
         return std::make_unique<PdfJob>(path, setup);
     }
-    const QPrinterInfo printer = info(setup.printer);
-    if (printer.isNull())
+    const auto place = static_cast<std::size_t>(setup.printer);
+    if (setup.printer < 0 || place >= names().size())
         throw Fault(fault::noPrinter, QStringLiteral("A kiválasztott nyomtató nem érhető el!"));
-    return std::make_unique<PrinterJob>(printer, setup);
+    return std::make_unique<PrinterJob>(printerNamed(m_names[place]).printerName(), setup);
 }
 
 } // namespace vandrel
