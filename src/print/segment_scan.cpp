@@ -10,11 +10,20 @@ namespace vandrel {
 
 namespace {
 
-bool same(QStringView body, QLatin1String name) {
-    return body.compare(name, Qt::CaseInsensitive) == 0;
-}
+// Both without regard to case; name: in capitals. The names of tags are plain letters, which need no look
+// into Qt's tables; a list has a dozen of them on every line.
 bool begins(QStringView body, QLatin1String name) {
-    return body.startsWith(name, Qt::CaseInsensitive);
+    if (body.size() < name.size()) return false;
+    for (qsizetype at = 0; at < name.size(); ++at) {
+        char16_t unit = body[at].unicode();
+        if (unit > 0x7F) return body.startsWith(name, Qt::CaseInsensitive);
+        if (unit >= u'a' && unit <= u'z') unit -= u'a' - u'A';
+        if (unit != name[at].unicode()) return false;
+    }
+    return true;
+}
+bool same(QStringView body, QLatin1String name) {
+    return body.size() == name.size() && begins(body, name);
 }
 
 QString tagValue(QStringView body) {
@@ -35,6 +44,11 @@ long colourOf(QStringView value) {
 } // namespace
 
 double leadingNumber(QStringView text) {
+    int whole = 0;
+    qsizetype at = 0;
+    for (; at < std::min<qsizetype>(text.size(), 9) && text[at] >= u'0' && text[at] <= u'9'; ++at)
+        whole = whole * 10 + (text[at].unicode() - u'0');
+    if (at == text.size()) return whole; // nearly always; nothing is 0
     // No number of use is longer; a longer one loses digits that no printer shows.
     std::array<char, 40> digits{};
     std::size_t count = 0;
