@@ -351,26 +351,34 @@ void qcPrinter::PreviewPage(PageTarget& picture, int page) {
     WalkDocument(picture, page, page);
 }
 
+void qcPrinter::usePrinter(int printerNumber) {
+    if (printerNumber == m_engine.printer.number()) return;
+    m_engine.printer.use(printerNumber);
+    computeOrientOkay();
+    m_printerNumber = printerNumber;
+    m_engine.raisePaging();
+}
+
+PrintJobSetup qcPrinter::jobSetup() const {
+    const CurrentPrinter& printer = m_engine.printer;
+    return {printer.number(), printer.orientation(), printer.size().width, printer.size().height, m_appName};
+}
+
 bool qcPrinter::PrintDoc(int startPage, int endPage, int copies, bool collate, int printerNumber) {
-    if (printerNumber != m_engine.printer.number()) {
-        m_engine.printer.use(printerNumber);
-        computeOrientOkay();
-        m_printerNumber = printerNumber;
-        m_engine.raisePaging();
-    }
+    usePrinter(printerNumber);
+    const std::unique_ptr<PrintJob> job = m_engine.service.begin(jobSetup());
+    return job && PrintOnto(*job, startPage, endPage, copies, collate);
+}
+
+bool qcPrinter::PrintOnto(PrintJob& job, int startPage, int endPage, int copies, bool collate) {
     copies = std::max(copies, 1);
     const Busy busy(m_engine);
-    const PaperSize size = m_engine.printer.size();
-    const std::unique_ptr<PrintJob> job = m_engine.service.begin(
-        {printerNumber, m_engine.printer.orientation(), size.width, size.height, m_appName});
-    if (!job) return false;
-
     int done = 0;
     const int total = std::max(endPage - startPage + 1, 0) * copies;
     DocumentWalk walk(
-        *this, [&job]() -> PageTarget& { return job->page(); },
+        *this, [&job]() -> PageTarget& { return job.page(); },
         [&] {
-            job->newPage();
+            job.newPage();
             return !m_engine.pagePrinted || m_engine.pagePrinted(++done, total);
         });
     if (!collate && copies != 1) {
@@ -382,7 +390,7 @@ bool qcPrinter::PrintDoc(int startPage, int endPage, int copies, bool collate, i
         for (int copy = 0; copy < copies; ++copy)
             if (!walk.run(startPage, endPage)) return false;
     }
-    job->endDoc();
+    job.endDoc();
     return true;
 }
 

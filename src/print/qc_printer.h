@@ -107,6 +107,12 @@ class qcPrinter {
     // Prints. Copies below 1 count as 1. False: given up by the user, nothing came out. Faults of the printer
     // pass through, and nothing came out either.
     bool PrintDoc(int startPage, int endPage, int copies, bool collate, int printerNumber);
+    // The same into a job that the caller has begun by jobSetup().
+    bool PrintOnto(PrintJob& job, int startPage, int endPage, int copies, bool collate);
+    // What the document would be printed with now: the paper as it lies, the title.
+    PrintJobSetup jobSetup() const;
+    // Switches to a printer; with another one than that in use the document is paginated anew.
+    void usePrinter(int printerNumber);
     // Shows the preview window and waits until it is closed.
     void Preview();
 

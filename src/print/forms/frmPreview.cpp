@@ -1,0 +1,380 @@
+#include "print/forms/frmPreview.h"
+
+#include "foundation/forms/field_chain.h"
+#include "foundation/forms/window_helpers.h"
+#include "print/forms/frmPrint.h"
+#include "print/forms/printing_watch.h"
+#include "print/pdf_file.h"
+#include "print/print_fault.h"
+#include "print/save_name.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QShortcut>
+#include <QStandardPaths>
+#include <QVBoxLayout>
+
+namespace vandrel {
+
+namespace {
+
+constexpr int stripHeight = 600 / 15;
+const QString printing = QStringLiteral("Nyomtatás...");
+const QString title = QStringLiteral("Nyomtatás");
+
+QPushButton* button(const QString& text, const char* name, const QString& key) {
+    auto* result = new QPushButton(text);
+    result->setObjectName(QLatin1String(name));
+    result->setAccessibleName(text);
+    result->setToolTip(key);
+    result->setAutoDefault(false);
+    return result;
+}
+
+QLabel* plainLabel(const char* name, const QString& caption) {
+    auto* label = new QLabel;
+    label->setObjectName(QLatin1String(name));
+    label->setAccessibleName(caption);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+} // namespace
+
+frmPreview::frmPreview(qcPrinter& document, PreviewPorts& ports, QWidget* parent)
+    : QDialog(parent), m_document(document), m_ports(ports), m_chain(new FieldChain(this)),
+      m_total(document.Pages()) {
+    setObjectName(QStringLiteral("frmPreview"));
+    setWindowTitle(QStringLiteral("Nyomtatás előnézet"));
+    setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
+                   Qt::WindowCloseButtonHint);
+    m_area = new PreviewArea([this](PageTarget& picture) { drawPage(picture); });
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    m_strip = makeStrip();
+    column->addWidget(m_strip);
+    column->addWidget(m_area, 1);
+    makeKeys();
+    showZoom();
+    Preview_Display(1);
+    m_area->setFocus();
+}
+
+QWidget* frmPreview::makeStrip() {
+    auto* strip = new QWidget;
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(8, 4, 8, 4);
+    row->setSpacing(6);
+    m_previous = button(QStringLiteral("Előző"), "Elozo", QStringLiteral("Page Up"));
+    m_next = button(QStringLiteral("Következő"), "Kovetkezo", QStringLiteral("Page Down"));
+    m_print = button(QStringLiteral("Nyomtat ..."), "Nyomtat", QStringLiteral("Ctrl+P"));
+    m_close = button(QStringLiteral("Bezár"), "Bezar", QStringLiteral("Esc"));
+    m_pdf = button(QStringLiteral("Mentés PDF-be"), "MentesPdf", QStringLiteral("Ctrl+S"));
+    m_table = button(QStringLiteral("Mentés táblázatba"), "MentesTablazat", QStringLiteral("Ctrl+T"));
+    m_status = plainLabel("Oldal", QStringLiteral("Oldal:"));
+    m_status->setMinimumWidth(m_status->fontMetrics().horizontalAdvance(printing) + 4);
+    m_note = plainLabel("Uzenet", QStringLiteral("Üzenet"));
+    m_note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long name widens no window
+    m_zooms = new QComboBox;
+    m_zooms->setObjectName(QStringLiteral("Nezet"));
+    m_zooms->setAccessibleName(QStringLiteral("Nézet:"));
+    m_zooms->setEditable(true);
+    m_zooms->setInsertPolicy(QComboBox::NoInsert);
+    m_zooms->setCompleter(nullptr);
+    for (const preview::ZoomEntry& entry : preview::zoomList)
+        m_zooms->addItem(QString::fromUtf16(entry.text), entry.zoom);
+    m_zooms->setMinimumWidth(m_zooms->sizeHint().width() + 8);
+    m_zooms->installEventFilter(this);
+    auto* zoomLabel = new QLabel(m_zooms->accessibleName());
+    zoomLabel->setBuddy(m_zooms);
+
+    for (QPushButton* first : {m_previous, m_next, m_print, m_close})
+        row->addWidget(first);
+    row->addSpacing(10);
+    row->addWidget(new QLabel(m_status->accessibleName()));
+    row->addWidget(m_status);
+    row->addSpacing(10);
+    row->addWidget(zoomLabel);
+    row->addWidget(m_zooms);
+    row->addSpacing(6);
+    row->addWidget(m_note, 1);
+    row->addWidget(m_pdf);
+    row->addWidget(m_table);
+    strip->setFixedHeight(std::max(stripHeight, strip->sizeHint().height()));
+
+    connect(m_previous, &QPushButton::clicked, this, [this] { goTo(m_page - 1); });
+    connect(m_next, &QPushButton::clicked, this, [this] { goTo(m_page + 1); });
+    connect(m_print, &QPushButton::clicked, this, &frmPreview::print);
+    connect(m_close, &QPushButton::clicked, this, &frmPreview::reject);
+    connect(m_pdf, &QPushButton::clicked, this, &frmPreview::savePdf);
+    connect(m_table, &QPushButton::clicked, this, &frmPreview::saveTable);
+    connect(m_zooms, &QComboBox::currentIndexChanged, this, &frmPreview::zoomChosen);
+    for (QPushButton* each : {m_previous, m_next, m_print, m_close, m_pdf, m_table})
+        m_chain->adopt(each, pressOnEnter(each));
+    FieldBehaviour typing;
+    typing.key = [this](int key) {
+        if (key != Qt::Key_Return) return false;
+        zoomTyped();
+        return true;
+    };
+    typing.leave = [this] { // what was typed without Enter is given up
+        showZoom();
+        return true;
+    };
+    m_chain->adopt(m_zooms, typing);
+    return strip;
+}
+
+void frmPreview::makeKeys() {
+    const auto key = [this](const QKeySequence& keys, auto action) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
+    };
+    key(Qt::Key_PageUp, [this] { goTo(m_page - 1); });
+    key(Qt::Key_PageDown, [this] { goTo(m_page + 1); });
+    key(Qt::CTRL | Qt::Key_Home, [this] { goTo(1); });
+    key(Qt::CTRL | Qt::Key_End, [this] { goTo(m_total); });
+    key(Qt::CTRL | Qt::Key_P, [this] { print(); });
+    key(Qt::CTRL | Qt::Key_S, [this] { savePdf(); });
+    key(Qt::CTRL | Qt::Key_T, [this] {
+        if (m_table->isEnabled()) saveTable();
+    });
+}
+
+void frmPreview::goTo(int page) {
+    if (m_printing || page < 1 || page > m_total || page == m_page) return;
+    m_note->clear();
+    Preview_Display(page);
+}
+
+void frmPreview::Preview_Display(int page) {
+    m_page = page;
+    Preview_Status();
+    m_area->showPage(m_document.engine().printer.size());
+}
+
+void frmPreview::drawPage(PageTarget& picture) {
+    if (!m_up) return;
+    try {
+        m_document.PreviewPage(picture, m_page);
+    } catch (const Fault& fault) {
+        // The screen is being painted: the box has to wait.
+        QMetaObject::invokeMethod(
+            this, [this, fault] { tell(fault); }, Qt::QueuedConnection);
+    }
+}
+
+void frmPreview::Preview_Status() {
+    m_previous->setEnabled(m_page >= 2);
+    m_next->setEnabled(m_page < m_total);
+    m_table->setEnabled(!m_document.table().isEmpty());
+    m_status->setText(QStringLiteral("%1 / %2").arg(m_page).arg(m_total));
+}
+
+void frmPreview::zoomChosen(int entry) {
+    if (m_changing || entry < 0) return;
+    setZoom(preview::zoomList[static_cast<std::size_t>(entry)].zoom);
+}
+
+void frmPreview::zoomTyped() {
+    if (const auto typed = preview::readZoom(m_zooms->currentText())) setZoom(*typed);
+    showZoom();
+    m_zooms->lineEdit()->selectAll();
+}
+
+void frmPreview::setZoom(float zoom) {
+    if (zoom == m_zoom) return;
+    m_zoom = zoom;
+    m_area->setZoom(zoom);
+}
+
+// The list's entry of the zoom, or its number.
+void frmPreview::showZoom() {
+    const QScopedValueRollback<bool> changing(m_changing, true);
+    const int entry = m_zooms->findData(m_zoom);
+    m_zooms->setCurrentIndex(entry);
+    m_zooms->setEditText(entry >= 0 ? m_zooms->itemText(entry) : preview::zoomText(m_zoom));
+}
+
+void frmPreview::print() {
+    if (m_printing) return;
+    frmPrint dialog(m_document.engine(), *m_ports.dialogue, this);
+    dialog.setPrintOptions(m_document.PrintOptions());
+    dialog.setPageCurrent(m_page);
+    dialog.setPageMax(m_total);
+    dialog.exec();
+    if (!dialog.PrintDoc()) return;
+    work([&] {
+        int end = dialog.PageEnd();
+        const bool all = dialog.PageStart() == 1 && end == m_total;
+        m_document.usePrinter(dialog.PrinterNumber());
+        // Other paper may take more pages: all of them still means all.
+        if (all) end = m_document.Pages();
+        return m_document.PrintDoc(dialog.PageStart(), end, dialog.Copies(), dialog.Collate(),
+                                   dialog.PrinterNumber());
+    });
+    // Another printer may have laid the document out anew.
+    m_total = m_document.Pages();
+    Preview_Display(std::min(m_page, m_total));
+}
+
+// Runs a print job with everything closed; faults are told when the window stands again. True: it came out.
+bool frmPreview::work(const std::function<bool()>& job) {
+    m_printing = true;
+    QWidget* focused = focusWidget();
+    m_area->setFrozen(true);
+    m_area->setFocus();
+    m_strip->setEnabled(false);
+    m_note->clear();
+    m_status->setText(printing);
+    m_strip->repaint();
+    bool done = false;
+    std::optional<Fault> failed;
+    try {
+        PrintingWatch watch(m_document.engine(), *m_ports.dialogue, [this](int page, int total) {
+            m_note->setText(QStringLiteral("%1 / %2 oldal").arg(page).arg(total));
+        });
+        done = job();
+    } catch (const Fault& fault) {
+        failed = fault;
+    }
+    m_note->clear();
+    m_strip->setEnabled(true);
+    Preview_Status();
+    m_area->setFrozen(false);
+    if (focused != nullptr) focused->setFocus();
+    m_printing = false;
+    if (failed) tell(*failed);
+    return done;
+}
+
+void frmPreview::tell(const Fault& fault) {
+    if (m_ports.fault)
+        m_ports.fault(fault);
+    else
+        m_ports.dialogue->tell(printFaultText(fault), title, Icon::warning);
+}
+
+std::optional<SaveAnswer> frmPreview::askWhere(const QString& caption, const QStringList& filters,
+                                               const QString& ending) {
+    QString folder = m_ports.saveFolder;
+    if (folder.isEmpty() || !QDir(folder).exists())
+        folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QDir(folder).exists()) folder = QDir::homePath();
+    auto answer = m_ports.askSavePath(
+        this, {caption, QDir(folder).filePath(suggestedFileName(m_document.AppName(), ending)), filters});
+    if (!answer) return std::nullopt;
+    answer->path = withEnding(answer->path, ending);
+    const QFileInfo file(answer->path);
+    if (file.exists() && !m_ports.dialogue->ask(
+                             QStringLiteral("A(z) \"%1\" fájl már létezik. Felülírja?").arg(file.fileName()),
+                             caption, Icon::warning))
+        return std::nullopt;
+    m_ports.saveFolder = file.absolutePath();
+    return answer;
+}
+
+void frmPreview::savePdf() {
+    if (m_printing) return;
+    const auto answer = askWhere(m_pdf->text(), {QStringLiteral("PDF fájl (*.pdf)")}, QStringLiteral("pdf"));
+    if (!answer) return;
+    const bool saved = work([&] {
+        PdfJob job(answer->path, m_document.jobSetup());
+        return m_document.PrintOnto(job, 1, m_total, 1, true);
+    });
+    if (saved) m_note->setText(QStringLiteral("Mentve: ") + QFileInfo(answer->path).fileName());
+}
+
+void frmPreview::saveTable() {
+    if (m_printing) return;
+    using Encoding = DocumentTable::Encoding;
+    const auto answer = askWhere(
+        m_table->text(),
+        {QStringLiteral("Táblázat, UTF-8 (*.csv)"), QStringLiteral("Táblázat, windows-1250 (*.csv)")},
+        QStringLiteral("csv"));
+    if (!answer) return;
+    const DocumentTable& table = m_document.table();
+    const Encoding encoding = answer->filter == 1 ? Encoding::windows1250 : Encoding::utf8;
+    const qint64 lost = table.unencodable(encoding);
+    if (lost > 0 && !m_ports.dialogue->ask(
+                        QStringLiteral("A választott kódolásban %1 karakter nem írható le, helyükre kérdőjel "
+                                       "kerül. Folytatja a mentést?")
+                            .arg(lost),
+                        m_table->text(), Icon::warning))
+        return;
+    try {
+        table.save(answer->path, encoding);
+    } catch (const Fault& fault) {
+        return tell(fault);
+    }
+    m_note->setText(QStringLiteral("Mentve: ") + QFileInfo(answer->path).fileName());
+}
+
+bool frmPreview::eventFilter(QObject* watched, QEvent* event) {
+    // The wheel over the closed list would change the zoom unasked.
+    if (watched == m_zooms && event->type() == QEvent::Wheel) return true;
+    return QDialog::eventFilter(watched, event);
+}
+
+void frmPreview::showEvent(QShowEvent* event) {
+    m_up = true;
+    Preview_Display(m_page);
+    QDialog::showEvent(event);
+}
+
+void frmPreview::reject() {
+    if (!m_printing) QDialog::reject();
+}
+
+void frmPreview::closeEvent(QCloseEvent* event) {
+    if (m_printing) return event->ignore();
+    QDialog::closeEvent(event);
+}
+
+void showPreview(qcPrinter& document, PreviewPorts& ports) {
+    frmPreview window(document, ports, QApplication::activeWindow());
+    PreviewPlacement& placement = document.previewPlacement();
+    const QRect screen = window.screen()->availableGeometry();
+    QRect place(placement.left, placement.top, placement.width, placement.height);
+    const bool known = placement.state != -1 && !place.isEmpty() && screen.intersects(place);
+    if (!known) {
+        place.setSize({std::min(1060, screen.width() * 9 / 10), screen.height() * 9 / 10});
+        place.moveCenter(screen.center());
+    }
+    window.resize(place.size());
+    window.move(place.topLeft());
+    if (placement.state == 2) window.setWindowState(Qt::WindowMaximized);
+    window.exec();
+
+    placement.state = window.isMaximized() ? 2 : window.isMinimized() ? 1 : 0;
+    if (placement.state == 0) placement = {0, window.x(), window.y(), window.width(), window.height()};
+}
+
+void installPreview(PrintEngine& engine, PreviewPorts ports) {
+    engine.showPreview = [kept = std::make_shared<PreviewPorts>(std::move(ports))](qcPrinter& document) {
+        showPreview(document, *kept);
+    };
+    engine.busy = [](bool busy) {
+        if (busy)
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QApplication::restoreOverrideCursor();
+    };
+}
+
+void installPreview(PrintEngine& engine, Dialogue& dialogue) {
+    PreviewPorts ports;
+    ports.dialogue = &dialogue;
+    installPreview(engine, std::move(ports));
+}
+
+} // namespace vandrel

@@ -1,0 +1,48 @@
+#include "print/forms/save_question.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QToolButton>
+#include <QUrl>
+
+namespace vandrel {
+
+std::optional<SaveAnswer> askSavePath(QWidget* parent, const SaveQuestion& question) {
+    const QFileInfo suggestion(question.suggestion);
+    QFileDialog dialog(parent, question.title, suggestion.absolutePath());
+    dialog.setObjectName(QStringLiteral("mentes"));
+    dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite |
+                      QFileDialog::DontUseCustomDirectoryIcons);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setViewMode(QFileDialog::List);
+    dialog.setNameFilters(question.filters);
+    dialog.selectFile(suggestion.fileName());
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Hely:"));
+    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("Fájlnév:"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Típus:"));
+    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("Mentés"));
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Mégse"));
+    dialog.setSidebarUrls(
+        {QUrl::fromLocalFile(QDir::homePath()),
+         QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)),
+         QUrl::fromLocalFile(QDir::rootPath())});
+    const std::pair<const char*, const char16_t*> tips[] = {{"backButton", u"Vissza"},
+                                                            {"forwardButton", u"Előre"},
+                                                            {"toParentButton", u"Fölérendelt mappa"},
+                                                            {"newFolderButton", u"Új mappa"},
+                                                            {"listModeButton", u"Lista"},
+                                                            {"detailModeButton", u"Részletek"}};
+    for (const auto& [name, tip] : tips)
+        if (auto* button = dialog.findChild<QToolButton*>(QLatin1String(name))) {
+            button->setToolTip(QString::fromUtf16(tip));
+            button->setAccessibleName(QString::fromUtf16(tip));
+        }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return SaveAnswer{dialog.selectedFiles().constFirst(),
+                      static_cast<int>(question.filters.indexOf(dialog.selectedNameFilter()))};
+}
+
+} // namespace vandrel
