@@ -167,13 +167,14 @@ int DocumentWalk::DrawItem(const qcTextItem& item, int resumePos, const Frame& f
         }
         SegmentScan scan({m_text.data(), m_text.size()}, style, m_engine, SegmentScan::Purpose::drawing,
                          fullWidth);
-        if (resumePos > 1) scan.resumeAt(static_cast<std::size_t>(resumePos - 1));
+        if (resumePos > 0) scan.resumeAt(static_cast<std::size_t>(resumePos - 1));
         Segment segment;
         while (scan.next(segment)) {
             if (overflows(segment.height, frame) && !turned) return static_cast<int>(segment.start) + 1;
-            turned = false;
             if (drawing) drawSegment(item, segment, frame);
-            if (segment.end != Segment::End::forced) m_y += segment.height + style.lineSpacing;
+            if (segment.end == Segment::End::forced) continue; // the line goes on, also a turned one
+            turned = false;
+            m_y += segment.height + style.lineSpacing;
         }
     }
     if (drawing && style.underline > 0)
@@ -219,9 +220,11 @@ struct Stretch {
 Stretch stretchOf(std::u16string_view visible, double excess, double blankWidth) {
     const auto length = static_cast<double>(visible.size());
     const std::size_t first = visible.find_first_not_of(u' ');
-    if (first == std::u16string_view::npos) return {};
-    const std::u16string_view trimmed = visible.substr(first, visible.find_last_not_of(u' ') - first + 1);
-    const auto blanks = static_cast<double>(std::count(trimmed.begin(), trimmed.end(), u' '));
+    double blanks = 0;
+    if (first != std::u16string_view::npos) {
+        const auto trimmed = visible.substr(first, visible.find_last_not_of(u' ') - first + 1);
+        blanks = static_cast<double>(std::count(trimmed.begin(), trimmed.end(), u' '));
+    }
     if (blanks > 0 && std::floor(excess / blanks) <= 3 * blankWidth) return {excess / blanks, 0};
     const double gaps = length - 1 + 2 * blanks;
     if (gaps <= 0) return {}; // a single letter has nothing to be moved away from
@@ -232,7 +235,8 @@ Stretch stretchOf(std::u16string_view visible, double excess, double blankWidth)
 
 void DocumentWalk::drawSegment(const qcTextItem& item, const Segment& segment, const Frame& frame) {
     const ItemStyle& style = *item.m_style;
-    const std::u16string_view text(m_text.data(), m_text.size());
+    // No tag reaches beyond its segment, so nothing behind it is searched for the end of one.
+    const std::u16string_view text(m_text.data(), segment.stop);
     TagState pen(style, m_engine.meter, m_engine.printer.size());
 
     Stretch stretch;

@@ -95,13 +95,16 @@ class SegmentScan {
     double m_lineLeft = 0;
     double m_lineRight = 0;
     double m_lineHeight = 0;
-    bool m_forced = false; // the last segment ended so
+    bool m_forced = false;  // the last segment ended so
+    bool m_resumed = false; // no segment has been given since resumeAt
     bool m_drawsAlike = true;
     // The word that did not fit and begins the next line.
     bool m_carried = false;
     std::size_t m_carriedStart = 0;
     FontNow m_carriedFont;
+    long m_carriedAlignment = 0;
     double m_carriedWidth = 0;
+    double m_carriedHeight = 0;
 };
 
 // A number at the beginning of a text, with a decimal point; 0 where there is none.

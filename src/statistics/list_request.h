@@ -23,13 +23,13 @@ enum class StatisticsList {
 // The fields of the three panels as they stand; each list reads its own.
 struct ListRequest {
     bool allCategories = false; // lists 1 and 5
-    QStringList categories;     // ticked fee categories in their order; lists 1 and 5
-    QString category;           // lists 3 and 4
-    QString from;               // éééé.hh.nn. (lists 1 and 5) or éééé.hh
-    QString to;
-    QString fromCode; // first unit (lists 1, 4 and 5) or referrer (list 3)
-    QString toCode;
-    QString code; // TAJ (list 6) or unit (lists 7 and 8)
+    QStringList categories{};   // ticked fee categories in their order; lists 1 and 5
+    QString category{};         // lists 3 and 4
+    QString from{};             // éééé.hh.nn. (lists 1 and 5) or éééé.hh
+    QString to{};
+    QString fromCode{}; // first unit (lists 1, 4 and 5) or referrer (list 3)
+    QString toCode{};
+    QString code{}; // TAJ (list 6) or unit (lists 7 and 8)
 };
 
 enum class ListOutcome {
@@ -41,9 +41,12 @@ enum class ListOutcome {
 
 // How a running list shows itself. Empty functions are allowed.
 struct ListProgress {
-    std::function<void(const QString&)> status;     // a text for the status line
-    std::function<void(qint64, qint64)> sheetsDone; // sheets done and all of them, a few times a second
-    std::function<bool()> stopWanted;               // asked a few times a second; true breaks the list off
+    std::function<void(const QString&)> status; // a text for the status line
+    // Sheets done and all of them, a few times a second. Lists 3 and 4 then count their lines the same way.
+    std::function<void(qint64, qint64)> sheetsDone;
+    // Asked a few times a second: true when the user has pressed Esc since it was last asked. The list's
+    // runner then asks whether to stop; the screen asks nothing itself.
+    std::function<bool()> stopWanted;
 };
 
 } // namespace vandrel

@@ -7,6 +7,7 @@
 
 #include <QStringList>
 
+#include <cmath>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -26,7 +27,7 @@ class FixedMeter : public TextMeter {
       protected:
         double measure(char32_t character) const override {
             double width = 100;
-            if (spec().name.startsWith(QLatin1String("Courier")))
+            if (spec().name.startsWith(QLatin1String("Courier"), Qt::CaseInsensitive))
                 width = 120;
             else if (character == U'i' || character == U'l')
                 width = 50;
@@ -55,6 +56,7 @@ class RecordingPage : public PageTarget {
         bool underline = false;
         long color = 0;
         bool natural = true;
+        double end = 0; // right edge
 
         double x() const { return xs.empty() ? 0 : xs.front(); }
     };
@@ -113,30 +115,28 @@ class RecordingPage : public PageTarget {
             }
         return all;
     }
-    // "x,y text" for every stretch of characters that lie on one line without a gap of the drawing order;
-    // runs that were cut only by a change of the font are one. Blanks at a stretch's ends are cut off.
+    // "x,y text" for every stretch of characters that follow each other on one line without a gap, whatever
+    // their fonts. Blanks at a stretch's end are cut off, stretches of blanks alone are left out.
     QStringList stretches() const {
         QStringList all;
         QString open;
-        double end = 0, y = 0, x = 0;
-        const auto close = [&] {
-            if (!open.trimmed().isEmpty()) {
-                for (qsizetype blank = 0; open[blank].isSpace(); ++blank)
-                    x += 100; // the callers' texts begin with letters; a leading blank is a plain one
-                all << QStringLiteral("%1,%2 %3").arg(x).arg(y).arg(open.trimmed());
-            }
+        const auto close = [&](const Text& first) {
+            while (open.endsWith(QLatin1Char(' ')))
+                open.chop(1);
+            if (!open.isEmpty()) all << QStringLiteral("%1,%2 %3").arg(first.x()).arg(first.y).arg(open);
             open.clear();
         };
-        for (const Text& run : texts) {
-            if (open.isEmpty() || run.y != y || run.x() < end) {
-                close();
-                x = run.x();
-                y = run.y;
+        const Text* first = nullptr;
+        for (std::size_t at = 0; at < texts.size(); ++at) {
+            const Text& run = texts[at];
+            if (first && (run.y != first->y || std::abs(run.x() - texts[at - 1].end) > 0.01)) {
+                close(*first);
+                first = nullptr;
             }
+            if (!first) first = &run;
             open += run.text;
-            end = run.xs.empty() ? end : run.xs.back();
         }
-        close();
+        if (first) close(*first);
         return all;
     }
     // All drawn texts in their order, without a word about where.

@@ -1,0 +1,135 @@
+#include "statistics/list_run.h"
+
+#include "platform/format.h"
+
+#include <optional>
+#include <string>
+
+using namespace Qt::StringLiterals;
+
+namespace vandrel {
+
+namespace {
+
+constexpr float titleSize = 14;
+constexpr float closingSize = 11;
+constexpr int ruleLength = 81;
+
+} // namespace
+
+ListRun::ListRun(Workstation& workstation, const ListRequest& asked, ListWriter& writer,
+                 const ListProgress& listProgress, std::vector<qint64> selected, FaultPolicy faultPolicy)
+    : station(workstation), request(asked), lookUps(workstation), sheets(std::move(selected)),
+      m_writer(writer), m_progress(listProgress), m_policy(faultPolicy), m_turn(workstation.serveEvents) {}
+
+void ListRun::turn(qint64 done, qint64 all) {
+    const bool display = m_turn.displayDue();
+    if ((display || done == all) && m_progress.sheetsDone) m_progress.sheetsDone(done, all);
+    m_turn.serve();
+    if (display && m_progress.stopWanted && m_progress.stopWanted() &&
+        station.dialogue.ask(u"Megszakítja a lista készítését?"_s))
+        throw ListStopped();
+}
+
+void ListRun::eachSheet(std::string_view columns, const std::function<void(const Query&)>& sheet) {
+    eachRow(DataFile::tetdata, "BETEG", columns, sheets, sheet);
+}
+
+void ListRun::eachRow(DataFile file, std::string_view table, std::string_view columns,
+                      const std::vector<qint64>& rows, const std::function<void(const Query&)>& row) {
+    Database& database = station.files[file];
+    const std::string sql =
+        "select " + std::string(columns) + " from " + std::string(table) + " where rowid=?1";
+    // One lock for the many questions between two turns of the event loop.
+    std::optional<ReadTransaction> lock;
+    const auto all = static_cast<qint64>(rows.size());
+    qint64 done = 0;
+    for (const qint64 rowid : rows) {
+        attempt([&] {
+            if (!lock) lock.emplace(database);
+            Query found = database.query(sql, rowid);
+            if (found.next()) row(found);
+        });
+        ++done;
+        if (done < all && !m_turn.due()) continue;
+        lock.reset();
+        turn(done, all);
+    }
+}
+
+bool ListRun::attempt(const std::function<void()>& statement) {
+    if (m_policy == FaultPolicy::endList) {
+        statement();
+        return true;
+    }
+    try {
+        statement();
+        return true;
+    } catch (const Fault&) {
+        return false; // these lists go on over a failing statement, and that is wanted
+    }
+}
+
+void ListRun::bold(const QString& line) {
+    LineLook look = m_body;
+    look.bold = true;
+    m_writer.text(line, look);
+}
+
+void ListRun::blank() {
+    m_writer.text(u" "_s, m_body);
+}
+
+void ListRun::title(const QString& line) {
+    m_writer.text(line, {.size = titleSize, .bold = true, .centred = true});
+}
+
+void ListRun::centred(const QString& line) {
+    LineLook look = m_body;
+    look.centred = true;
+    m_writer.text(line, look);
+}
+
+void ListRun::closing(const QString& line) {
+    m_writer.text(line, {.size = closingSize, .bold = true});
+}
+
+void ListRun::made() {
+    text(u"Készült: "_s + format::shortDate(station.clock.today()));
+}
+
+void ListRun::period() {
+    text(u"Időszak: "_s + request.from + u" - "_s + request.to);
+}
+
+void ListRun::rule(float points) {
+    m_writer.text(QString(ruleLength, u'_'), {.size = points});
+}
+
+QString at(int indent, const QString& text) {
+    return u"<LINDENT="_s + QString::number(indent) + u'>' + text + u"</LINDENT>"_s;
+}
+
+bool sameCode(const QString& a, const QString& b) {
+    return a.trimmed().compare(b.trimmed(), Qt::CaseInsensitive) == 0;
+}
+
+CostFigures CostFigures::of(double quantity, double unitPoints, double multiplier) {
+    const double points = quantity * unitPoints;
+    return {quantity, unitPoints, points, points * multiplier};
+}
+
+CostFigures& CostFigures::operator+=(const CostFigures& other) {
+    quantity += other.quantity;
+    unitPoints += other.unitPoints;
+    points += other.points;
+    value += other.value;
+    return *this;
+}
+
+QStringList cells(const CostFigures& figures) {
+    return {format::number(figures.quantity), format::number(figures.unitPoints),
+            format::number(figures.points), format::number(figures.value)};
+}
+
+} // namespace vandrel

@@ -1,0 +1,119 @@
+#include "statistics/list_runner.h"
+
+#include "print/qc_printer.h"
+#include "statistics/list_selection.h"
+#include "statistics/producers.h"
+
+using namespace Qt::StringLiterals;
+
+namespace vandrel {
+
+namespace {
+
+// What tells the lists apart for the skeleton, in the order of their numbers.
+struct ListEntry {
+    const char16_t* title;
+    void (*produce)(ListRun&);
+    FaultPolicy policy;
+    const char16_t* noData; // null: the list is made all the same
+    const char16_t* noDataTitle;
+};
+
+constexpr const char16_t* nothingToPrint = u"Nincs nyomtatható adat!";
+
+constexpr ListEntry lists[] = {
+    {u" Betegforgalmi napló", BetForg_naplo_Nyom, FaultPolicy::skipStatement, nothingToPrint, u"Hiba"},
+    {u" Havi összesítő az orvosi rendelés teljesítményéről", Rend_teljesites_nyom, FaultPolicy::endList,
+     nullptr, nullptr},
+    {u" Havi összesítő a beküldőkről", Bekuldok_havi_nyom, FaultPolicy::endList, nothingToPrint, nullptr},
+    {u" Összesített lista az elvégzett beavatkozásokról", Elvegz_beav_nyom, FaultPolicy::endList,
+     nothingToPrint, nullptr},
+    {u" Tételes lista a beküldőkről", Bekuldok_vandrel_nyom, FaultPolicy::skipStatement, nothingToPrint,
+     u"Hiba"},
+    {u" Egyéni szolgáltatás és ráfordított költség kimutatás", Egyeni_koltseg_nyom, FaultPolicy::endList,
+     u"Nincs ilyen TAJ számú beteg!", nullptr},
+    {u" Összesített lista", Ossz_lista_nyom, FaultPolicy::endList, nullptr, nullptr},
+    {u" Vizitdíj statisztika", VizDijStat_Nyom, FaultPolicy::endList, nullptr, nullptr},
+};
+
+const ListEntry& entry(StatisticsList list) {
+    return lists[static_cast<int>(list) - 1];
+}
+
+void startDocument(qcPrinter& document) {
+    document.ResetItems();
+    document.setScaleMode(scale_mode::millimetre);
+    document.setMarginLeft(20); // room for the file's holes
+    document.setMarginRight(10);
+    document.setMarginTop(10);
+    document.setMarginBottom(10);
+
+    constexpr int even = 3, odd = 2, first = 0;
+    qcTextItem& footer = document.Footer(even);
+    footer.setText(u"#pagenumber# / #pagetotal# .oldal"_s);
+    footer.setFontName(u"Times New Roman"_s);
+    footer.setFontSize(10);
+    footer.setFontBold(true);
+    footer.setAlignment(item_alignment::centre);
+    document.FooterCopy(even, odd);
+    document.FooterCopy(even, first);
+    document.setSetFooter(even, true);
+    document.setSetFooter(odd, true);
+}
+
+// Nothing else of the fault policies concerns the lists that skip failing statements.
+void requirePrinter(const qcPrinter& document, FaultPolicy policy) {
+    if (policy == FaultPolicy::endList && document.engine().service.printers().empty())
+        throw Fault(fault::noPrinter, u"Nincs telepítve nyomtató!"_s);
+}
+
+void tellFault(Workstation& station, const Fault& fault) {
+    if (fault.number() == fault::noPrinter) {
+        station.dialogue.tell(u"Nincs telepítve nyomtató, Ambuláns adatlap nem nyomtatható ki!"_s);
+        return;
+    }
+    station.dialogue.tell(u"Hiba lépett fel a nyomtatás során! "_s + QString::number(fault.number()) + u'\n' +
+                              fault.text(),
+                          programTitle, Icon::warning);
+}
+
+ListOutcome made(Workstation& station, StatisticsList list, const ListRequest& request, qcPrinter& document,
+                 const ListProgress& progress) {
+    const ListEntry& chosen = entry(list);
+    requirePrinter(document, chosen.policy);
+    startDocument(document);
+    std::vector<qint64> sheets = selectSheets(station, list, request);
+    if (sheets.empty() && chosen.noData != nullptr) {
+        station.dialogue.tell(QString::fromUtf16(chosen.noData),
+                              chosen.noDataTitle ? QString::fromUtf16(chosen.noDataTitle) : programTitle);
+        return ListOutcome::noData;
+    }
+    ListWriter writer(document);
+    ListRun run(station, request, writer, progress, std::move(sheets), chosen.policy);
+    chosen.produce(run);
+    return ListOutcome::ready;
+}
+
+} // namespace
+
+QString listTitle(StatisticsList list) {
+    return QString::fromUtf16(entry(list).title);
+}
+
+ListOutcome runList(Workstation& station, StatisticsList list, const ListRequest& request,
+                    qcPrinter& document, const ListProgress& progress) {
+    if (progress.status) progress.status(list_status::processing);
+    ListOutcome outcome = ListOutcome::failed;
+    try {
+        outcome = made(station, list, request, document, progress);
+    } catch (const ListStopped&) {
+        outcome = ListOutcome::stopped;
+    } catch (const Fault& fault) {
+        document.ResetItems();
+        tellFault(station, fault);
+    }
+    if (outcome != ListOutcome::ready) document.ResetItems();
+    return outcome;
+}
+
+} // namespace vandrel

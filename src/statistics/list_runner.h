@@ -1,0 +1,34 @@
+// The one skeleton behind all eight lists: the document's start, the walk, the turns of the event loop, the
+// question whether to stop, and what happens with no data or with a fault. What a list prints stands in its
+// producer; the window stands in front of it all.
+#pragma once
+
+#include "foundation/workstation.h"
+#include "statistics/list_request.h"
+
+#include <QString>
+
+namespace vandrel {
+
+class qcPrinter;
+
+// The texts of the status line. The first is told by runList; the other two belong to the caller: one before
+// the preview opens, one when it is closed.
+namespace list_status {
+inline const QString processing = QStringLiteral("Feldolgozás...");
+inline const QString makingPreview = QStringLiteral("Nyomtatási kép létrehozása...");
+inline const QString ready = QStringLiteral("Lista kész!");
+} // namespace list_status
+
+// Title of the screen's panel, leading blank included (" Betegforgalmi napló").
+QString listTitle(StatisticsList list);
+
+// Makes a list into the document: first empties it, its table too. The request has passed its checks. The
+// event loop gets its turns through station.serveEvents. While it runs progress.stopWanted is asked a few
+// times a second; where it says yes, the user is asked ("Megszakítja a lista készítését?"), and only yes
+// breaks the list off: so stopWanted has to forget the key once it has told of it.
+// Whatever ends a list but ready leaves the document empty, and the user has been told. Raises no Fault.
+ListOutcome runList(Workstation& station, StatisticsList list, const ListRequest& request,
+                    qcPrinter& document, const ListProgress& progress);
+
+} // namespace vandrel

@@ -1,0 +1,210 @@
+#include "statistics/list_selection.h"
+
+#include "platform/format.h"
+
+#include <string>
+
+using namespace Qt::StringLiterals;
+
+namespace vandrel {
+
+namespace {
+
+const QString errorTitle = u"Hiba"_s;
+
+constexpr qsizetype dayLength = 11;  // éééé.hh.nn.
+constexpr qsizetype monthLength = 7; // éééé.hh
+
+bool unfilled(const QString& date, const QString& mask) {
+    return date.trimmed().isEmpty() || date == mask;
+}
+
+struct Check {
+    bool (*fails)(const ListRequest&);
+    const char16_t* message;
+    ListField field;
+};
+
+constexpr Check trafficLogChecks[] = {
+    {[](const ListRequest& r) { return unfilled(r.from, format::emptyDate); },
+     u"Dátum: -tól kitöltése kötelező!", ListField::from},
+    {[](const ListRequest& r) { return unfilled(r.to, format::emptyDate); },
+     u"Dátum: -ig kitöltése kötelező!", ListField::to},
+    {[](const ListRequest& r) { return r.fromCode.trimmed().isEmpty(); },
+     u"Szakrendelő: -tól kitöltése kötelező!", ListField::fromCode},
+    {[](const ListRequest& r) { return r.toCode.trimmed().isEmpty(); },
+     u"Szakrendelő: -ig kitöltése kötelező!", ListField::toCode},
+};
+
+// Nothing else is asked for on this panel: codes and category may stay empty, and then nothing is found.
+constexpr Check monthlyChecks[] = {
+    {[](const ListRequest& r) { return unfilled(r.from, format::emptyPeriod); },
+     u"Dátum: -tól kitöltése kötelező!", ListField::from},
+    {[](const ListRequest& r) { return unfilled(r.to, format::emptyPeriod); },
+     u"Dátum: -ig kitöltése kötelező!", ListField::to},
+};
+
+// The wording of the code field is the unit's for list 6 too, where it holds a TAJ; that is wanted.
+constexpr Check individualChecks[] = {
+    monthlyChecks[0],
+    monthlyChecks[1],
+    {[](const ListRequest& r) { return r.code.trimmed().isEmpty(); }, u"Munkahelykód kitöltése kötelező!",
+     ListField::code},
+};
+
+std::span<const Check> checksOf(StatisticsList list) {
+    switch (list) {
+    case StatisticsList::trafficLog:
+    case StatisticsList::referrersItemised:
+        return trafficLogChecks;
+    case StatisticsList::referrersMonthly:
+    case StatisticsList::proceduresDone:
+        return monthlyChecks;
+    case StatisticsList::individualCosts:
+    case StatisticsList::combined:
+    case StatisticsList::visitFees:
+        return individualChecks;
+    case StatisticsList::unitPerformance: // made without any input
+        break;
+    }
+    return {};
+}
+
+bool ticked(const ListRequest& request, int box) {
+    return request.allCategories ||
+           request.categories.contains(feeCategoryBoxes()[static_cast<std::size_t>(box)].value);
+}
+
+// A question over BETEG that grows condition by condition, each value bound.
+class SheetQuestion {
+  public:
+    // The condition's "?" stands for the value.
+    void where(std::string_view condition, const QString& value) {
+        m_where += m_where.empty() ? " where " : " and ";
+        add(condition, value);
+    }
+    void categories(const ListRequest& request) {
+        m_where += m_where.empty() ? " where (" : " and (";
+        for (int box = 0; box < feeCategoryCount; ++box) {
+            if (!ticked(request, box)) continue;
+            if (ter_ell(request, 0, box - 1)) m_where += " or ";
+            add("TERITES=?", feeCategoryBoxes()[static_cast<std::size_t>(box)].value);
+        }
+        m_where += ter_ell(request, 0, feeCategoryCount - 1) ? ")" : "0)";
+    }
+    // The first characters of F_DATUM lie between the two texts, ends included. The plain comparisons beside
+    // them follow from that and let the column's index serve.
+    void period(const QString& from, const QString& to, qsizetype length) {
+        const std::string prefix = "substr(F_DATUM, 1, " + std::to_string(length) + ")";
+        where("F_DATUM>=?", from);
+        where(prefix + ">=?", from);
+        where(prefix + "<=?", to);
+        if (to.size() <= length) where("F_DATUM<?", to + QString::fromUcs4(U"\U0010FFFF"));
+    }
+    std::vector<qint64> run(Workstation& station, std::string_view order) {
+        const std::string sql = "select rowid from BETEG" + m_where + " order by " + std::string(order);
+        Query rows = station.files[DataFile::tetdata].query(sql);
+        int parameter = 0;
+        for (const QString& value : m_values)
+            rows.bind(++parameter, value);
+        std::vector<qint64> sheets;
+        while (rows.next())
+            sheets.push_back(rows.integer(0));
+        return sheets;
+    }
+
+  private:
+    void add(std::string_view condition, const QString& value) {
+        m_where += condition;
+        m_values << value;
+    }
+
+    std::string m_where;
+    QStringList m_values;
+};
+
+} // namespace
+
+const std::array<FeeCategoryBox, feeCategoryCount>& feeCategoryBoxes() {
+    static const std::array<FeeCategoryBox, feeCategoryCount> boxes{{
+        {u"biztosított járóbeteg (01)"_s, u"01"_s},
+        {u"menekült járóbeteg (02)"_s, u"02"_s},
+        {u"államközi szerződés alapján ellátott járóbeteg (03)"_s, u"03"_s},
+        {u"nem biztosított járóbeteg (04)"_s, u"04"_s},
+        {u"menedékes járóbeteg (05)"_s, u"05"_s},
+        {u"fekvőbeteg (06)"_s, u"06"_s},
+        {u"költségvetésből támogatott ellátás (09)"_s, u"09"_s},
+        {u"befogadott külföldi állampolgár (0A)"_s, u"0A"_s},
+        {u"menekült, menedékes státuszt kérelmező (0D)"_s, u"0D"_s},
+        {u"elszámoláson alapuló nemzetközi szerződés alapján (0E)"_s, u"0E"_s},
+        {u"magyar bizt. alapján kórházi fekvőbeteg részére (61)"_s, u"61"_s},
+    }};
+    return boxes;
+}
+
+bool ter_ell(const ListRequest& request, int from, int to) {
+    for (int box = from; box <= to; ++box)
+        if (ticked(request, box)) return true;
+    return false;
+}
+
+std::optional<ListComplaint> checkCategories(const ListRequest& request) {
+    if (ter_ell(request, 0, feeCategoryCount - 1)) return std::nullopt;
+    return ListComplaint{u"Nincs kiválasztva térítési kategória!"_s, errorTitle, ListField::categories};
+}
+
+std::optional<ListComplaint> checkPeriodOrder(const ListRequest& request) {
+    if (request.from <= request.to) return std::nullopt;
+    return ListComplaint{u"Hibás dátumintervallum (ig>tól)!"_s, errorTitle, ListField::to};
+}
+
+std::optional<ListComplaint> checkRequest(StatisticsList list, const ListRequest& request) {
+    for (const Check& check : checksOf(list))
+        if (check.fails(request))
+            return ListComplaint{QString::fromUtf16(check.message), programTitle, check.field};
+    return std::nullopt;
+}
+
+std::vector<qint64> selectSheets(Workstation& station, StatisticsList list, const ListRequest& request) {
+    SheetQuestion question;
+    switch (list) {
+    case StatisticsList::unitPerformance:
+        return {};
+    case StatisticsList::trafficLog:
+    case StatisticsList::referrersItemised:
+        question.categories(request);
+        question.period(request.from, request.to, dayLength);
+        question.where("SZAKREND>=?", request.fromCode);
+        question.where("SZAKREND<=?", request.toCode);
+        return question.run(station, list == StatisticsList::trafficLog
+                                         ? "SZAKREND, TERITES, F_DATUM, F_IDO, NAPLO, rowid"
+                                         : "IGENYLO, TERITES, F_DATUM, F_IDO, NAPLO, rowid");
+    case StatisticsList::referrersMonthly:
+        question.where("TERITES=?", request.category);
+        question.period(request.from, request.to, monthLength);
+        question.where("IGENYLO>=?", request.fromCode);
+        question.where("IGENYLO<=?", request.toCode);
+        return question.run(station, "IGENYLO, rowid");
+    case StatisticsList::proceduresDone:
+        question.where("TERITES=?", request.category);
+        question.period(request.from, request.to, monthLength);
+        question.where("SZAKREND>=?", request.fromCode);
+        question.where("SZAKREND<=?", request.toCode);
+        return question.run(station, "SZAKREND, rowid");
+    case StatisticsList::individualCosts:
+        question.where("SZEM_SZAM=?", request.code.trimmed());
+        question.period(request.from, request.to, monthLength);
+        return question.run(station, "SZAKREND, rowid");
+    case StatisticsList::combined:
+        question.period(request.from.left(monthLength), request.to.left(monthLength), monthLength);
+        question.where("SZAKREND=?", request.code);
+        return question.run(station, "rowid");
+    case StatisticsList::visitFees:
+        question.period(request.from, request.to, monthLength);
+        if (!request.code.trimmed().isEmpty()) question.where("SZAKREND=?", request.code);
+        return question.run(station, "rowid"); // no order of its own: as the sheets were stored
+    }
+    return {};
+}
+
+} // namespace vandrel

@@ -1,0 +1,51 @@
+#include "statistics/list_writer.h"
+
+#include "print/qc_printer.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace vandrel {
+
+namespace {
+
+const QString listFont = u"Times New Roman"_s;
+// Below this nobody can read it; a text that is wider still runs into its neighbour.
+constexpr float smallestSize = 5;
+
+} // namespace
+
+void ListWriter::text(const QString& line, const LineLook& look) {
+    TextLook full;
+    full.fontName = listFont;
+    full.fontSize = look.size;
+    full.bold = look.bold;
+    full.underline = look.underline;
+    full.alignment = look.centred ? item_alignment::centre : item_alignment::left;
+    m_document.AddText(line, full);
+}
+
+void ListWriter::row(const QStringList& cells) {
+    m_document.table().addRow(cells);
+}
+
+QString ListWriter::fitted(const QString& text, double millimetres, const LineLook& look) const {
+    PrintEngine& engine = m_document.engine();
+    const double room = toTwips(millimetres, scale_mode::millimetre, Axis::horizontal, engine.paper);
+    const auto width = [&](float size) {
+        return engine.meter.face({listFont, size, look.bold, false}).width(text);
+    };
+    const double natural = width(look.size);
+    if (natural <= room) return text;
+    // Widths grow with the size, but not to the last twip: the first guess may need a step more. Half points
+    // keep the number of fonts small.
+    float size = std::floor(static_cast<float>(look.size * room / natural) * 2) / 2;
+    while (size > smallestSize && width(size) > room)
+        size -= 0.5F;
+    size = std::max(size, smallestSize);
+    return u"<SIZE="_s + QString::number(size) + u'>' + text + u"</SIZE>"_s;
+}
+
+} // namespace vandrel

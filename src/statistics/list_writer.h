@@ -1,0 +1,35 @@
+// Where a producer puts its list: the lines of a document with their looks, and the same as rows of its
+// table.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace vandrel {
+
+class qcPrinter;
+
+struct LineLook {
+    float size = 9; // points; every column of the lists keeps its place at this size
+    bool bold = false;
+    bool underline = false;
+    bool centred = false;
+};
+
+class ListWriter {
+  public:
+    explicit ListWriter(qcPrinter& document) : m_document(document) {}
+
+    // One printed line, tags and all. A blank is a blank line.
+    void text(const QString& line, const LineLook& look);
+    // One row of the table; the first one is its heads.
+    void row(const QStringList& cells);
+    // The text as it has to be written so that it stays within so many millimetres in a line of that look: a
+    // text too wide comes back between SIZE tags. Nothing is cut.
+    QString fitted(const QString& text, double millimetres, const LineLook& look) const;
+
+  private:
+    qcPrinter& m_document;
+};
+
+} // namespace vandrel
