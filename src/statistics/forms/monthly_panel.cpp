@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -33,8 +34,11 @@ MonthlyPanel::MonthlyPanel(Workstation& station, StatisticsList list, const Menu
     m_totalsOnly->setObjectName(u"CsakOsszesen"_s);
     m_totalsOnly->setAccessibleName(m_totalsOnly->text());
     chain(m_totalsOnly);
-    grid->addWidget(m_totalsOnly, 11, 0, 1, 3);
-    grid->addWidget(makeProcessButton(), 11, 3, Qt::AlignRight);
+    auto* last = new QHBoxLayout;
+    last->addWidget(m_totalsOnly);
+    last->addStretch();
+    last->addWidget(makeProcessButton());
+    grid->addLayout(last, 11, 0, 1, 4);
     grid->setColumnStretch(3, 1);
     grid->setRowStretch(12, 1);
     auto* column = new QVBoxLayout(this);
