@@ -193,6 +193,9 @@ bool SegmentScan::next(Segment& segment) {
     } else {
         m_lineHeight = 0;
     }
+    // The line height of a page that begins with this segment: the carried word's letters count there.
+    double freshHeight = m_carried ? m_carriedHeight : 0;
+    double wordHeight = freshHeight;
     const double heightBefore = m_forced ? m_lineHeight : -1;
     m_forced = false;
 
@@ -222,7 +225,7 @@ bool SegmentScan::next(Segment& segment) {
         const Face& face = *m_state.font.face;
         if (unit == u' ') {
             lineWidth += wordWidth + face.width(u' ');
-            wordWidth = 0;
+            wordWidth = wordHeight = 0;
             hasWords = true;
             wordStart = ++m_at;
             wordFont = m_state.font;
@@ -249,6 +252,7 @@ bool SegmentScan::next(Segment& segment) {
             character = QChar::surrogateToUcs4(unit, m_text[next++]);
         m_at = next;
         m_lineHeight = std::max(m_lineHeight, face.height());
+        wordHeight = std::max(wordHeight, face.height());
         const double width = face.width(character);
         const bool lineEmpty = !hasWords && wordWidth == 0;
         // Resumed, the line begins with what the line before it could not take: not asked again, or a page
@@ -257,7 +261,7 @@ bool SegmentScan::next(Segment& segment) {
             wordWidth += width;
             if (unit == u'-') {
                 lineWidth += wordWidth;
-                wordWidth = 0;
+                wordWidth = wordHeight = 0;
                 hasWords = true;
                 wordStart = m_at;
                 wordFont = m_state.font;
@@ -267,7 +271,7 @@ bool SegmentScan::next(Segment& segment) {
         }
         segment.end = Segment::End::overflow;
         m_carried = true;
-        if (lineEmpty) m_drawsAlike = false;
+        m_carriedHeight = hasWords ? wordHeight : face.height();
         if (hasWords) {
             // The line ends before the word, which goes on on the next one.
             segment.stop = m_carriedStart = wordStart;
@@ -282,6 +286,9 @@ bool SegmentScan::next(Segment& segment) {
             m_carriedAlignment = m_state.alignment;
             m_carriedWidth = width;
         }
+        // Nobody asks whether the carried word fits; on a page that begins with it its letters are asked, and
+        // its hyphen is one again.
+        if (m_carriedWidth > m_room || unit == u'-') m_drawsAlike = false;
         ended = true;
     }
 
@@ -289,7 +296,9 @@ bool SegmentScan::next(Segment& segment) {
     segment.width = lineWidth;
     // A tag in the word that goes on on the next line has no say on the segment that ended before it.
     segment.alignment = m_carried ? m_carriedAlignment : m_state.alignment;
+    freshHeight = std::max(freshHeight, m_lineHeight);
     if (m_lineHeight == 0) m_lineHeight = m_state.font.face->height();
+    if (freshHeight > 0 && freshHeight != m_lineHeight) m_drawsAlike = false;
     segment.height = m_lineHeight;
     // Drawing asks for each segment whether it fits; measuring knows the whole line's height only.
     if (heightBefore >= 0 && m_lineHeight > heightBefore) m_drawsAlike = false;

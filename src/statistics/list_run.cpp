@@ -24,7 +24,7 @@ ListRun::ListRun(Workstation& workstation, const ListRequest& asked, ListWriter&
 
 void ListRun::turn(qint64 done, qint64 all) {
     const bool display = m_turn.displayDue();
-    if (display && m_progress.sheetsDone) m_progress.sheetsDone(done, all);
+    if ((display || done == all) && m_progress.sheetsDone) m_progress.sheetsDone(done, all);
     m_turn.serve();
     if (display && m_progress.stopWanted && m_progress.stopWanted() &&
         station.dialogue.ask(u"Megszakítja a lista készítését?"_s))
@@ -51,11 +51,10 @@ void ListRun::eachRow(DataFile file, std::string_view table, std::string_view co
             if (found.next()) row(found);
         });
         ++done;
-        if (!m_turn.due()) continue;
+        if (done < all && !m_turn.due()) continue;
         lock.reset();
         turn(done, all);
     }
-    if (m_progress.sheetsDone && all > 0) m_progress.sheetsDone(all, all);
 }
 
 bool ListRun::attempt(const std::function<void()>& statement) {
@@ -97,6 +96,10 @@ void ListRun::closing(const QString& line) {
 
 void ListRun::made() {
     text(u"Készült: "_s + format::shortDate(station.clock.today()));
+}
+
+void ListRun::period() {
+    text(u"Időszak: "_s + request.from + u" - "_s + request.to);
 }
 
 void ListRun::rule(float points) {

@@ -54,6 +54,7 @@ class ListRun {
     void centred(const QString& line); // in the body's size
     void closing(const QString& line); // bold, 11 points
     void made();                       // "Készült: " and today
+    void period();                     // "Időszak: " and both dates
     void rule(float points);           // 81 underscores
     void row(const QStringList& cells) { m_writer.row(cells); }
     QString fitted(const QString& line, double millimetres) const {
@@ -76,6 +77,12 @@ class ListRun {
 QString at(int indent, const QString& text);
 // Two codes name the same group: without regard to case and to blanks at the ends, as the order has them.
 bool sameCode(const QString& a, const QString& b);
+// The order of codes in the data files, for sums that are kept by code.
+struct CodeOrder {
+    bool operator()(const QString& a, const QString& b) const {
+        return a.compare(b, Qt::CaseInsensitive) < 0;
+    }
+};
 
 // The four figures of the lists that count points and money, and the sums of them.
 struct CostFigures {

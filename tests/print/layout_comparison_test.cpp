@@ -28,7 +28,7 @@ class Dice {
 QString indent(Dice& dice, long mode) {
     const int most = dice.once(8) ? 20000 : dice.once(3) ? 4000 : 900; // twips
     const double value = fromTwips(dice.below(most), mode, Axis::horizontal, {3000, 3000});
-    return QString::number(dice.once(12) ? -value : value, 'g', 4 + dice.below(4));
+    return QString::number(dice.once(12) ? -value : value, 'f', dice.below(4));
 }
 
 QString tag(Dice& dice, long mode) {
@@ -64,7 +64,8 @@ QString tag(Dice& dice, long mode) {
         return QStringLiteral("<ALIGN=%1>")
             .arg(dice.pick({"LEFT", "right", "CENTRE", "center", "Justify", "JUSTIFY"}));
     case 4:
-        return QStringLiteral("<SIZE=%1>").arg(dice.pick({"10", "5", "12.5", "20", "8", "40", "999"}));
+        return QStringLiteral("<SIZE=%1>")
+            .arg(dice.once(60) ? QStringLiteral("999") : dice.pick({"10", "5", "12.5", "20", "8", "40"}));
     case 5:
         return dice.pick({"<FONT=Courier New>", "<FONT=Arial>", "<COLOR=#FF8000>", "<color=255>"});
     case 6:
@@ -282,7 +283,7 @@ QString differenceOf(unsigned seed, int& pages) {
             return QStringLiteral("item %1: %2 in \"%3\"").arg(number).arg(wrong, should.text.left(300));
     }
     // Pages in any order: the engine keeps where they begin.
-    for (int draw = 0; draw < std::min(pages + 1, 8); ++draw) {
+    for (int draw = 0; draw < std::min(pages + 1, pages > 40 ? 3 : 7); ++draw) {
         const int page = pages <= 7 ? (draw * 3) % std::max(pages, 1) + 1 : 1 + dice.below(pages);
         RecordingPage is, should;
         document.PreviewPage(is, page);
