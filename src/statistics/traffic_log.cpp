@@ -3,6 +3,8 @@
 #include "statistics/log_parts.h"
 #include "statistics/producers.h"
 
+#include <QStringBuilder>
+
 using namespace Qt::StringLiterals;
 
 namespace vandrel {
@@ -62,20 +64,20 @@ void titleBlock(ListRun& run, const QString& unit, const QString& category, bool
 void printSheet(ListRun& run, const Query& sheet, const PatientColumns& patient,
                 const QStringList& procedures) {
     const auto t = [&](Column column) { return sheet.text(column); };
-    run.text(t(NAPLO) + at(13, run.fitted(patient.name, 26)) + at(40, t(ELL_TIP)) +
-             at(50, t(F_DATUM) + u" - "_s + t(F_IDO)) + at(83, t(SZEM_SZAM) + u'/' + patient.type) +
-             at(105, patient.sex + u'/' + patient.birth) + at(130, run.fitted(t(IGENYLO), 19)) +
-             at(150, t(DIAG1) + u", "_s + t(DIAG2)));
-    run.text(u"Tov.: "_s + t(TOVA) + at(15, u"Bale.: "_s + t(BALESET1) + t(BALESET2)) +
-             at(35, u"Orvos: "_s + t(ORVKOD)));
-    run.text(u"Labor: "_s + t(LABOR) + at(15, u"Rtg.: "_s + t(RTG)) + at(30, u"CT-MR: "_s + t(CTMR)) +
-             at(50, u"Fizio.: "_s + t(FIZIO)) + at(70, u"K.képt.: "_s + t(K_KEP)) +
-             at(90, u"Utiktg: "_s + t(UTKLTG)) + at(110, u"Vény: "_s + t(RECEPT)) +
-             at(130, u"Segéde.: "_s + t(GYOGYSEG)) + at(150, u"Gyógyf.: "_s + t(GYOGYFURD)));
+    run.text(t(NAPLO) % at(13, run.fitted(patient.name, 26)) % at(40, t(ELL_TIP)) %
+             at(50, t(F_DATUM) % u" - "_s % t(F_IDO)) % at(83, t(SZEM_SZAM) % u'/' % patient.type) %
+             at(105, patient.sex % u'/' % patient.birth) % at(130, run.fitted(t(IGENYLO), 19)) %
+             at(150, t(DIAG1) % u", "_s % t(DIAG2)));
+    run.text(u"Tov.: "_s % t(TOVA) % at(15, u"Bale.: "_s % t(BALESET1) % t(BALESET2)) %
+             at(35, u"Orvos: "_s % t(ORVKOD)));
+    run.text(u"Labor: "_s % t(LABOR) % at(15, u"Rtg.: "_s % t(RTG)) % at(30, u"CT-MR: "_s % t(CTMR)) %
+             at(50, u"Fizio.: "_s % t(FIZIO)) % at(70, u"K.képt.: "_s % t(K_KEP)) %
+             at(90, u"Utiktg: "_s % t(UTKLTG)) % at(110, u"Vény: "_s % t(RECEPT)) %
+             at(130, u"Segéde.: "_s % t(GYOGYSEG)) % at(150, u"Gyógyf.: "_s % t(GYOGYFURD)));
     QString items;
     for (const QString& procedure : procedures)
         items += procedure + u", "_s; // behind the last one too
-    run.text(u"Beavatkozások: "_s + items);
+    run.text(u"Beavatkozások: "_s % items);
     run.blank();
 }
 
