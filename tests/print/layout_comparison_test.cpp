@@ -227,6 +227,57 @@ QString difference(const RecordingPage& page, const RecordingPage& told) {
     return {};
 }
 
+// What differs first, in the items and on pages drawn in any order: the engine keeps where they begin.
+QString difference(qcPrinter& document, plain::Document& told, Dice& dice) {
+    int number = 0;
+    for (const plain::Item& should : told.items) {
+        const QString wrong = difference(document.TextItem().Item(++number), should);
+        if (!wrong.isEmpty())
+            return QStringLiteral("item %1: %2 in \"%3\"").arg(number).arg(wrong, should.text.left(300));
+    }
+    const int pages = document.Pages();
+    for (int draw = 0; draw < std::min(pages + 1, 5); ++draw) {
+        const int first = 1 + dice.below(std::max(pages, 1));
+        const int last = draw == 0 ? std::min(first + 5, pages) : first;
+        RecordingPage is, should;
+        document.WalkDocument(is, first, last);
+        told.walk(should, first, last);
+        const QString wrong = difference(is, should);
+        if (!wrong.isEmpty()) return QStringLiteral("page %1 of %2: %3").arg(first).arg(pages).arg(wrong);
+    }
+    return {};
+}
+
+// The same write to both.
+int change(qcPrinter& document, plain::Document& told, Dice& dice) {
+    const int kind = dice.below(told.items.empty() ? 4 : 12);
+    if (kind == 0) {
+        document.setMarginLeft(static_cast<float>(told.marginLeft += 100));
+    } else if (kind == 1) {
+        document.setMarginBottom(static_cast<float>(told.marginBottom += 100));
+    } else if (kind == 2) {
+        document.setAppName(told.appName = QStringLiteral("a\nb\nc"));
+    } else if (kind == 3) {
+        document.Header(4).setText(told.headers[4].text = QStringLiteral("a\nb"));
+        document.Pages();
+        told.paginate();
+        document.setSetHeader(4, told.setHeader[4] = !told.setHeader[4]); // does not ask for a pagination
+    } else {
+        const auto index = static_cast<std::size_t>(dice.below(static_cast<int>(told.items.size())));
+        plain::Item& should = told.items[index];
+        qcTextItem& is = document.TextItem().Item(static_cast<int>(index) + 1);
+        if (kind == 4) is.setText(should.text = text(dice, 10, 5, 6));
+        if (kind == 5) is.setAlignment(should.alignment = dice.below(4));
+        if (kind == 6) is.setShowBorder(should.showBorder = !should.showBorder);
+        if (kind == 7) is.setScaleMode(should.scaleMode = should.scaleMode == 6 ? 7 : 6);
+        if (kind == 8) is.setNewPage(should.newPage = dice.below(4));
+        if (kind == 9) is.setFontColor(should.color = 77);
+        if (kind == 10) is.setAbsolute(should.absolute = !should.absolute);
+        if (kind == 11) is.setAbsPage(should.absPage = 1);
+    }
+    return kind;
+}
+
 // What differs first in the document of that seed.
 QString differenceOf(unsigned seed, int& pages) {
     Dice dice(seed);
@@ -275,35 +326,25 @@ QString differenceOf(unsigned seed, int& pages) {
     pages = document.Pages();
     if (const int should = told.paginate(); pages != should)
         return QStringLiteral("%1 pages, not %2").arg(pages).arg(should);
-    int number = 0;
-    for (const plain::Item& should : told.items) {
-        ++number;
-        const QString wrong = difference(document.TextItem().Item(number), should);
-        if (!wrong.isEmpty())
-            return QStringLiteral("item %1: %2 in \"%3\"").arg(number).arg(wrong, should.text.left(300));
+    QString wrong = difference(document, told, dice);
+    // Something is written, and what was found out before must not be taken for true any more.
+    for (int write = 0; write < 2 && wrong.isEmpty(); ++write) {
+        const int kind = change(document, told, dice);
+        if (const int should = stand.engine.NeedsPaging ? told.paginate() : pages;
+            (pages = document.Pages()) != should)
+            wrong = QStringLiteral("%1 pages, not %2").arg(pages).arg(should);
+        else
+            wrong = difference(document, told, dice);
+        if (!wrong.isEmpty()) wrong = QStringLiteral("after change %1: %2").arg(kind).arg(wrong);
     }
-    // Pages in any order: the engine keeps where they begin.
-    for (int draw = 0; draw < std::min(pages + 1, pages > 40 ? 3 : 7); ++draw) {
-        const int page = pages <= 7 ? (draw * 3) % std::max(pages, 1) + 1 : 1 + dice.below(pages);
-        RecordingPage is, should;
-        document.PreviewPage(is, page);
-        told.walk(should, page, page);
-        const QString wrong = difference(is, should);
-        if (!wrong.isEmpty()) return QStringLiteral("page %1 of %2: %3").arg(page).arg(pages).arg(wrong);
-    }
-    RecordingPage is, should;
-    const int first = 1 + dice.below(2);
-    document.WalkDocument(is, first, pages);
-    told.walk(should, first, pages);
-    const QString wrong = difference(is, should);
-    return wrong.isEmpty() ? wrong : QStringLiteral("all pages: ") + wrong;
+    return wrong;
 }
 
 } // namespace
 
 TEST(PrintComparison, EngineLaysOutAsThePlainWalk) {
     int failures = 0, allPages = 0;
-    for (unsigned seed = 1; seed <= 3000 && failures < 5; ++seed) {
+    for (unsigned seed = 1; seed <= 1500 && failures < 5; ++seed) {
         int pages = 0;
         const QString wrong = differenceOf(seed, pages);
         allPages += pages;

@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -289,7 +290,7 @@ void frmPreview::savePdf() {
     if (!answer) return;
     const bool saved = work([&] {
         PdfJob job(answer->path, m_document.jobSetup());
-        return m_document.PrintOnto(job, 1, m_total, 1, true);
+        return m_document.PrintOnto(job, 1, m_document.Pages(), 1, true);
     });
     if (saved) m_note->setText(QStringLiteral("Mentve: ") + QFileInfo(answer->path).fileName());
 }
@@ -320,8 +321,19 @@ void frmPreview::saveTable() {
 }
 
 bool frmPreview::eventFilter(QObject* watched, QEvent* event) {
-    // The wheel over the closed list would change the zoom unasked.
-    if (watched == m_zooms && event->type() == QEvent::Wheel) return true;
+    if (watched == m_zooms) {
+        // The wheel over the closed list would change the zoom unasked.
+        if (event->type() == QEvent::Wheel) return true;
+        // Ctrl+Home and Ctrl+End are the document's, also while a zoom is typed.
+        if (event->type() == QEvent::ShortcutOverride &&
+            (static_cast<QKeyEvent*>(event)->modifiers() & Qt::ControlModifier)) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Home || key == Qt::Key_End) {
+                event->ignore();
+                return true;
+            }
+        }
+    }
     return QDialog::eventFilter(watched, event);
 }
 
@@ -347,7 +359,8 @@ void showPreview(qcPrinter& document, PreviewPorts& ports) {
     QRect place(placement.left, placement.top, placement.width, placement.height);
     const bool known = placement.state != -1 && !place.isEmpty() && screen.intersects(place);
     if (!known) {
-        place.setSize({std::min(1060, screen.width() * 9 / 10), screen.height() * 9 / 10});
+        place.setSize(QSize(std::min(1060, screen.width() * 9 / 10), screen.height() * 9 / 10)
+                          .expandedTo(window.minimumSizeHint()));
         place.moveCenter(screen.center());
     }
     window.resize(place.size());
