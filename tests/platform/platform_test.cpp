@@ -163,6 +163,9 @@ TEST(Format, WritesDatesAndAmountsWhateverTheLocale) {
     EXPECT_EQ(format::thousands(12345), QStringLiteral("12\u00a0345"));
     EXPECT_EQ(format::thousands(1234567.5), QStringLiteral("1\u00a0234\u00a0568"));
     EXPECT_EQ(format::thousands(-2.5), QStringLiteral("-3"));
+    // A sum of money that the binary fraction misses by a hair.
+    EXPECT_EQ(format::thousands(750 * 1.15), QStringLiteral("863"));
+    EXPECT_EQ(format::thousands(862.4999), QStringLiteral("862"));
     EXPECT_EQ(format::percent(12.5), QStringLiteral("12,50 %"));
     EXPECT_EQ(format::percent(0.333), QStringLiteral("0,33 %"));
     EXPECT_TRUE(format::parseDate(QStringLiteral("2008.02.29.")));
