@@ -1,6 +1,6 @@
 // vandrel-demo FOLDER: plays the program by key strokes on a fresh folder with sample data, offscreen and
-// with a fixed clock, and leaves the report files and a picture of every screen. Exit code 1 when anything
-// was not as it must be.
+// with a fixed clock, and leaves the report files, saved lists and a picture of every screen. Exit code 1
+// when anything was not as it must be.
 #include "app/application.h"
 #include "app/program.h"
 #include "demo/list_play.h"

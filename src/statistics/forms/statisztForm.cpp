@@ -135,6 +135,8 @@ void statisztForm::makeList(const ListRequest& request) {
         m_status->clear();
         return;
     }
+    // The main window was closed meanwhile: the program is ending and opens nothing more.
+    if (opener() != nullptr && !opener()->isVisible()) return;
     m_status->setText(list_status::makingPreview);
     m_status->repaint(); // laying out a long list takes a moment
     m_document.Preview();
