@@ -191,16 +191,6 @@ TEST_F(StatisticsScreen, TheTrafficLogInTwoSteps) {
     EXPECT_TRUE(opener.isEnabled());
 }
 
-TEST_F(StatisticsScreen, AWrongPeriodIsNotAskedAboutAfterTheScreenHasClosed) {
-    open("betforg");
-    secondStep();
-    pressKey(Qt::Key_Up);
-    typeText(u"20080201"_s);
-    pressKey(Qt::Key_Escape);
-    QCoreApplication::processEvents();
-    EXPECT_FALSE(form->isVisible());
-}
-
 TEST_F(StatisticsScreen, TheItemisedListKeepsItsWordsAboutReferrers) {
     addSheet(test, 1, {{"TERITES", "'61'"}, {"IGENYLO", "'800000001'"}}, {});
     open("tetlist");
