@@ -100,12 +100,12 @@ struct List {
         const TextLook look = listLook();
         while (texts.next(batch)) {
             if (floor != nullptr) {
-                const Stopwatch watch;
+                const ProcessorWatch watch;
                 for (const QString& text : batch)
                     floor->walk(text);
                 floorSeconds += watch.seconds();
             }
-            const Stopwatch watch;
+            const ProcessorWatch watch;
             for (const QString& text : batch)
                 document.AddText(text, look);
             buildSeconds += watch.seconds();
@@ -128,20 +128,22 @@ int engineChild(int sheets, const QString& pdf) {
     const PaperSize paper = list.engine.printer.size();
     WidthWalk floor(list.meter, paper.width - (listMarginLeft + listMargin) * twipsOfMillimetre);
     list.build(sheets, &floor);
-    const Stopwatch paginating;
+    const ProcessorWatch paginating;
     const int pages = list.document.Pages();
     const double paginated = paginating.seconds();
     const double peakOfLayout = peakMegabytes();
-    const Stopwatch writing;
+    const Stopwatch elapsing;
+    const ProcessorWatch writing;
     if (!list.document.PrintDoc(1, pages, 1, true, 0)) fail("the document was not printed");
     const double written = writing.seconds();
+    const double elapsed = elapsing.seconds();
     const double peak = peakMegabytes();
     qint64 lines = 0;
     for (const qcTextItem& item : list.document.TextItem())
         lines += item.LineCount();
     if (lines != floor.lines) fail("the floor counts other lines than the engine");
-    std::printf("%.6f %.6f %.6f %d %.6f %.1f %.1f %.1f", list.buildSeconds, paginated, written, pages,
-                list.floorSeconds, before, peakOfLayout, peak);
+    std::printf("%.6f %.6f %.6f %d %.6f %.1f %.1f %.1f %.6f", list.buildSeconds, paginated, written, pages,
+                list.floorSeconds, before, peakOfLayout, peak, elapsed);
     return 0;
 }
 
@@ -180,7 +182,7 @@ int paintChild(int sheets, const QString& pdf) {
     Strings strings;
     double seconds = 0;
 
-    Stopwatch watch;
+    ProcessorWatch watch;
     QPdfWriter writer(pdf);
     writer.setResolution(1440);
     writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()));
@@ -192,7 +194,7 @@ int paintChild(int sheets, const QString& pdf) {
         list.document.WalkDocument(strings, page, page);
         for (const Strings::Run& run : strings.runs)
             fonts.try_emplace(run.face, plainFont(run.face->spec()));
-        watch = Stopwatch();
+        watch = ProcessorWatch();
         if (page > 1) writer.newPage();
         const Face* face = nullptr;
         for (const Strings::Run& run : strings.runs) {
@@ -201,7 +203,7 @@ int paintChild(int sheets, const QString& pdf) {
         }
         seconds += watch.seconds();
     }
-    watch = Stopwatch();
+    watch = ProcessorWatch();
     if (!painter.end()) fail("the PDF is not whole");
     seconds += watch.seconds();
     std::printf("%.6f %d", seconds, pages);
@@ -227,7 +229,7 @@ int documentChild(int sheets, const QString& pdf) {
     QTextCursor cursor(&document);
     cursor.beginEditBlock(); // nothing is laid out meanwhile
     while (texts.next(batch)) {
-        const Stopwatch watch;
+        const ProcessorWatch watch;
         for (const QString& text : batch) {
             const QString plain = withTabs(text, stops);
             QTextBlockFormat format;
@@ -242,7 +244,7 @@ int documentChild(int sheets, const QString& pdf) {
         }
         built += watch.seconds();
     }
-    Stopwatch watch;
+    ProcessorWatch watch;
     document.setPageSize(QSizeF(length(210), length(297)));
     QTextFrameFormat frame = document.rootFrame()->frameFormat();
     frame.setMargin(length(listMargin));
@@ -251,7 +253,7 @@ int documentChild(int sheets, const QString& pdf) {
     cursor.endEditBlock();
     const int pages = document.pageCount();
     const double paginated = watch.seconds();
-    watch = Stopwatch();
+    watch = ProcessorWatch();
     {
         QPdfWriter writer(pdf);
         writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()));
@@ -290,7 +292,7 @@ int previewChild(int sheets) {
         dark += here;
         return seconds;
     };
-    // Nothing is known yet of where the pages begin.
+    // A new pagination, as after a change of the margins.
     const auto forget = [&] {
         list.engine.raisePaging();
         list.document.Pages();
@@ -344,19 +346,21 @@ int storedChild(const QString& folder, const QString& from, const QString& to) {
     request.fromCode = QStringLiteral("000000000");
     request.toCode = QStringLiteral("999999999");
     const double before = peakMegabytes();
-    const Stopwatch watch;
+    const Stopwatch elapsing;
+    const ProcessorWatch watch;
     if (runList(station, StatisticsList::trafficLog, request, list.document, {}) != ListOutcome::ready)
         fail("the list was not made");
     const double run = watch.seconds();
     const int pages = list.document.Pages();
     const double all = watch.seconds();
+    const double elapsed = elapsing.seconds();
     const double peak = peakMegabytes();
     std::uint64_t checksum = 14695981039346656037U;
     for (const qcTextItem& item : list.document.TextItem())
         for (const char byte : item.Text().toUtf8() + '\n')
             checksum = (checksum ^ static_cast<unsigned char>(byte)) * 1099511628211U;
-    std::printf("%.6f %d %016llx %.1f %.1f %.6f %d", run, list.document.ItemCount(),
-                static_cast<unsigned long long>(checksum), before, peak, all, pages);
+    std::printf("%.6f %d %016llx %.1f %.1f %.6f %d %.6f", run, list.document.ItemCount(),
+                static_cast<unsigned long long>(checksum), before, peak, all, pages, elapsed);
     return 0;
 }
 

@@ -77,6 +77,7 @@ QString percent(double value) {
 }
 
 QString number(double value) {
+    if (value == std::trunc(value) && std::abs(value) < 1e9) return QString::number(static_cast<int>(value));
     return QString::number(value, 'g', 15).replace(QLatin1Char('.'), QLatin1Char(','));
 }
 

@@ -13,7 +13,6 @@ namespace {
 
 constexpr float titleSize = 14;
 constexpr float closingSize = 11;
-constexpr int ruleLength = 81;
 
 } // namespace
 
@@ -102,12 +101,12 @@ void ListRun::period() {
     text(u"Időszak: "_s + request.from + u" - "_s + request.to);
 }
 
-void ListRun::rule(float points) {
-    m_writer.text(QString(ruleLength, u'_'), {.size = points});
+void ListRun::rule(float points, int length) {
+    m_writer.text(QString(length, u'_'), {.size = points});
 }
 
-QString at(int indent, const QString& text) {
-    return u"<LINDENT="_s + QString::number(indent) + u'>' + text + u"</LINDENT>"_s;
+QString at(int indent, QStringView text) {
+    return TabbedLine({}).at(indent, text).text();
 }
 
 bool sameCode(const QString& a, const QString& b) {

@@ -3,6 +3,8 @@
 #include "statistics/log_parts.h"
 #include "statistics/producers.h"
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace vandrel {
@@ -59,59 +61,63 @@ void titleBlock(ListRun& run, const QString& unit, const QString& category, bool
     run.rule(logRuleSize);
 }
 
-void printSheet(ListRun& run, const Query& sheet, const PatientColumns& patient,
-                const QStringList& procedures) {
-    const auto t = [&](Column column) { return sheet.text(column); };
-    run.text(t(NAPLO) + at(13, run.fitted(patient.name, 26)) + at(40, t(ELL_TIP)) +
-             at(50, t(F_DATUM) + u" - "_s + t(F_IDO)) + at(83, t(SZEM_SZAM) + u'/' + patient.type) +
-             at(105, patient.sex + u'/' + patient.birth) + at(130, run.fitted(t(IGENYLO), 19)) +
-             at(150, t(DIAG1) + u", "_s + t(DIAG2)));
-    run.text(u"Tov.: "_s + t(TOVA) + at(15, u"Bale.: "_s + t(BALESET1) + t(BALESET2)) +
-             at(35, u"Orvos: "_s + t(ORVKOD)));
-    run.text(u"Labor: "_s + t(LABOR) + at(15, u"Rtg.: "_s + t(RTG)) + at(30, u"CT-MR: "_s + t(CTMR)) +
-             at(50, u"Fizio.: "_s + t(FIZIO)) + at(70, u"K.képt.: "_s + t(K_KEP)) +
-             at(90, u"Utiktg: "_s + t(UTKLTG)) + at(110, u"Vény: "_s + t(RECEPT)) +
-             at(130, u"Segéde.: "_s + t(GYOGYSEG)) + at(150, u"Gyógyf.: "_s + t(GYOGYFURD)));
-    QString items;
-    for (const QString& procedure : procedures)
-        items += procedure + u", "_s; // behind the last one too
-    run.text(u"Beavatkozások: "_s + items);
+using Texts = std::array<QString, GYOGYFURD + 1>; // the columns of a sheet
+
+void printSheet(ListRun& run, const Texts& t, const PatientColumns& patient, const QString& procedures) {
+    run.text(TabbedLine(t[NAPLO])
+                 .at(13, run.fitted(patient.name, 26))
+                 .at(40, t[ELL_TIP])
+                 .at(50, t[F_DATUM], u" - ", t[F_IDO])
+                 .at(83, t[SZEM_SZAM], u"/", patient.type)
+                 .at(105, patient.sex, u"/", patient.birth)
+                 .at(130, run.fitted(t[IGENYLO], 19))
+                 .at(150, t[DIAG1], u", ", t[DIAG2])
+                 .text());
+    run.text(TabbedLine(QString(u"Tov.: "_s + t[TOVA]))
+                 .at(15, u"Bale.: ", t[BALESET1], t[BALESET2])
+                 .at(35, u"Orvos: ", t[ORVKOD])
+                 .text());
+    run.text(TabbedLine(QString(u"Labor: "_s + t[LABOR]))
+                 .at(15, u"Rtg.: ", t[RTG])
+                 .at(30, u"CT-MR: ", t[CTMR])
+                 .at(50, u"Fizio.: ", t[FIZIO])
+                 .at(70, u"K.képt.: ", t[K_KEP])
+                 .at(90, u"Utiktg: ", t[UTKLTG])
+                 .at(110, u"Vény: ", t[RECEPT])
+                 .at(130, u"Segéde.: ", t[GYOGYSEG])
+                 .at(150, u"Gyógyf.: ", t[GYOGYFURD])
+                 .text());
+    run.text(u"Beavatkozások: "_s + procedures); // a comma stands behind the last one too
     run.blank();
 }
 
-void tableRow(ListRun& run, const Query& sheet, const PatientColumns& patient,
-              const QStringList& procedures) {
-    const auto t = [&](Column column) { return sheet.text(column).trimmed(); };
+void tableRow(ListRun& run, const Texts& t, const PatientColumns& patient, const QString& procedures) {
     QString unitName;
-    run.attempt([&] { unitName = run.lookUps.unit(sheet.text(SZAKREND)).name; });
-    run.row({t(SZAKREND),
-             unitName,
-             t(TERITES),
-             t(NAPLO),
-             patient.name,
-             t(ELL_TIP),
-             t(F_DATUM),
-             t(F_IDO),
-             t(SZEM_SZAM),
-             patient.type,
-             patient.sex,
-             patient.birth,
-             t(IGENYLO),
-             t(DIAG1),
-             t(DIAG2),
-             t(TOVA),
-             (sheet.text(BALESET1) + sheet.text(BALESET2)).trimmed(),
-             t(ORVKOD),
-             t(LABOR),
-             t(RTG),
-             t(CTMR),
-             t(FIZIO),
-             t(K_KEP),
-             t(UTKLTG),
-             t(RECEPT),
-             t(GYOGYSEG),
-             t(GYOGYFURD),
-             procedures.join(u", "_s)});
+    run.attempt([&] { unitName = run.lookUps.unit(t[SZAKREND]).name; });
+    QStringList cells = {t[SZAKREND],
+                         unitName,
+                         t[TERITES],
+                         t[NAPLO],
+                         patient.name,
+                         t[ELL_TIP],
+                         t[F_DATUM],
+                         t[F_IDO],
+                         t[SZEM_SZAM],
+                         patient.type,
+                         patient.sex,
+                         patient.birth,
+                         t[IGENYLO],
+                         t[DIAG1],
+                         t[DIAG2],
+                         t[TOVA],
+                         t[BALESET1] + t[BALESET2],
+                         t[ORVKOD]};
+    for (int column = LABOR; column <= GYOGYFURD; ++column)
+        cells << t[static_cast<std::size_t>(column)];
+    cells << procedures.chopped(std::min<qsizetype>(2, procedures.size()));
+    for (QString& cell : cells)
+        cell = cell.trimmed();
+    run.row(cells);
 }
 
 } // namespace
@@ -122,8 +128,11 @@ void BetForg_naplo_Nyom(ListRun& run) {
     QString unit, category;
     qint64 count = 0;
     run.eachSheet(columns, [&](const Query& sheet) {
-        const QString thisUnit = sheet.text(SZAKREND);
-        const QString thisCategory = sheet.text(TERITES);
+        Texts t;
+        for (int column = 0; column <= GYOGYFURD; ++column)
+            t[static_cast<std::size_t>(column)] = column == PaciensId ? QString() : sheet.text(column);
+        const QString& thisUnit = t[SZAKREND];
+        const QString& thisCategory = t[TERITES];
         if (count == 0) {
             titleBlock(run, thisUnit, thisCategory, true);
         } else if (!sameCode(unit, thisUnit)) {
@@ -137,14 +146,14 @@ void BetForg_naplo_Nyom(ListRun& run) {
         category = thisCategory;
         ++count;
 
-        QStringList procedures;
-        for (const LineColumns& line : linesOf(run, sheet.text(AZONOSITO)))
-            procedures << line.code + u" ("_s + format::number(line.quantity) + u')';
+        QString procedures;
+        for (const LineColumns& line : linesOf(run, t[AZONOSITO]))
+            procedures += line.code + u" ("_s + format::number(line.quantity) + u"), "_s;
         const auto patientId =
             sheet.isNull(PaciensId) ? std::nullopt : std::optional(sheet.integer(PaciensId));
         const PatientColumns patient = patientById(run, patientId);
-        printSheet(run, sheet, patient, procedures);
-        tableRow(run, sheet, patient, procedures);
+        printSheet(run, t, patient, procedures);
+        tableRow(run, t, patient, procedures);
     });
     run.bold(u" "_s);
     // Despite its wording the sheets of the whole list, all units together, once at the end; that is wanted.

@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -213,6 +214,7 @@ void frmPreview::print() {
     dialog.setPageMax(m_total);
     dialog.exec();
     if (!dialog.PrintDoc()) return;
+    const int printer = m_document.engine().printer.number();
     work([&] {
         int end = dialog.PageEnd();
         const bool all = dialog.PageStart() == 1 && end == m_total;
@@ -222,7 +224,8 @@ void frmPreview::print() {
         return m_document.PrintDoc(dialog.PageStart(), end, dialog.Copies(), dialog.Collate(),
                                    dialog.PrinterNumber());
     });
-    // Another printer may have laid the document out anew.
+    if (printer == m_document.engine().printer.number()) return;
+    // For another printer the document was laid out anew.
     m_total = m_document.Pages();
     Preview_Display(std::min(m_page, m_total));
 }
@@ -233,7 +236,9 @@ bool frmPreview::work(const std::function<bool()>& job) {
     QWidget* focused = focusWidget();
     m_area->setFrozen(true);
     m_area->setFocus();
-    m_strip->setEnabled(false);
+    const QList<QWidget*> controls{m_previous, m_next, m_print, m_close, m_zooms, m_pdf, m_table};
+    for (QWidget* control : controls)
+        control->setEnabled(false);
     m_note->clear();
     m_status->setText(printing);
     m_strip->repaint();
@@ -241,14 +246,15 @@ bool frmPreview::work(const std::function<bool()>& job) {
     std::optional<Fault> failed;
     try {
         PrintingWatch watch(m_document.engine(), *m_ports.dialogue, [this](int page, int total) {
-            m_note->setText(QStringLiteral("%1 / %2 oldal").arg(page).arg(total));
+            m_note->setText(QStringLiteral("%1 / %2 oldal (Esc: megszakítás)").arg(page).arg(total));
         });
         done = job();
     } catch (const Fault& fault) {
         failed = fault;
     }
     m_note->clear();
-    m_strip->setEnabled(true);
+    for (QWidget* control : controls)
+        control->setEnabled(true);
     Preview_Status();
     m_area->setFrozen(false);
     if (focused != nullptr) focused->setFocus();
@@ -289,7 +295,7 @@ void frmPreview::savePdf() {
     if (!answer) return;
     const bool saved = work([&] {
         PdfJob job(answer->path, m_document.jobSetup());
-        return m_document.PrintOnto(job, 1, m_total, 1, true);
+        return m_document.PrintOnto(job, 1, m_document.Pages(), 1, true);
     });
     if (saved) m_note->setText(QStringLiteral("Mentve: ") + QFileInfo(answer->path).fileName());
 }
@@ -320,8 +326,19 @@ void frmPreview::saveTable() {
 }
 
 bool frmPreview::eventFilter(QObject* watched, QEvent* event) {
-    // The wheel over the closed list would change the zoom unasked.
-    if (watched == m_zooms && event->type() == QEvent::Wheel) return true;
+    if (watched == m_zooms) {
+        // The wheel over the closed list would change the zoom unasked.
+        if (event->type() == QEvent::Wheel) return true;
+        // Ctrl+Home and Ctrl+End are the document's, also while a zoom is typed.
+        if (event->type() == QEvent::ShortcutOverride &&
+            (static_cast<QKeyEvent*>(event)->modifiers() & Qt::ControlModifier)) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Home || key == Qt::Key_End) {
+                event->ignore();
+                return true;
+            }
+        }
+    }
     return QDialog::eventFilter(watched, event);
 }
 
@@ -347,7 +364,8 @@ void showPreview(qcPrinter& document, PreviewPorts& ports) {
     QRect place(placement.left, placement.top, placement.width, placement.height);
     const bool known = placement.state != -1 && !place.isEmpty() && screen.intersects(place);
     if (!known) {
-        place.setSize({std::min(1060, screen.width() * 9 / 10), screen.height() * 9 / 10});
+        place.setSize(QSize(std::min(1060, screen.width() * 9 / 10), screen.height() * 9 / 10)
+                          .expandedTo(window.minimumSizeHint()));
         place.moveCenter(screen.center());
     }
     window.resize(place.size());

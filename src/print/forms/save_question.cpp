@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QSplitter>
 #include <QStandardPaths>
 #include <QToolButton>
 #include <QUrl>
@@ -25,10 +26,15 @@ std::optional<SaveAnswer> askSavePath(QWidget* parent, const SaveQuestion& quest
     dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Típus:"));
     dialog.setLabelText(QFileDialog::Accept, QStringLiteral("Mentés"));
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Mégse"));
-    dialog.setSidebarUrls(
-        {QUrl::fromLocalFile(QDir::homePath()),
-         QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)),
-         QUrl::fromLocalFile(QDir::rootPath())});
+    QList<QUrl> places;
+    for (const QString& place :
+         {QDir::homePath(), QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
+          QDir::rootPath()})
+        if (QDir(place).exists() && !places.contains(QUrl::fromLocalFile(place)))
+            places << QUrl::fromLocalFile(place);
+    dialog.setSidebarUrls(places);
+    dialog.resize(820, 480);
+    if (auto* splitter = dialog.findChild<QSplitter*>()) splitter->setSizes({170, 650});
     const std::pair<const char*, const char16_t*> tips[] = {{"backButton", u"Vissza"},
                                                             {"forwardButton", u"Előre"},
                                                             {"toParentButton", u"Fölérendelt mappa"},
