@@ -3,6 +3,7 @@
 // was not as it must be.
 #include "app/application.h"
 #include "app/program.h"
+#include "demo/list_play.h"
 #include "demo/menu_play.h"
 #include "demo/report_play.h"
 #include "demo/sheet_play.h"
@@ -75,6 +76,7 @@ int play(Application& application, const QDir& folder) {
         playSheets(stage, program);
         checkStoredSheets(stage, program);
         playReports(stage, program, folder.filePath(u"cel"_s));
+        playLists(stage, program, folder.filePath(u"cel"_s));
         playExit(stage, program);
     } catch (const Stopped& stopped) {
         stage.fail(QString::fromUtf8(stopped.what()));
