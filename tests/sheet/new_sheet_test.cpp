@@ -1,7 +1,7 @@
 // Where a new sheet gets its key, unit, doctor and journal number from, and the mending of lost counters.
 #include "sheet/counters.h"
 #include "sheet/procedure_lines.h"
-#include "sheet_samples.h"
+#include "support/sheet_samples.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
 #include "sheet/procedure_lines.h"
 
-#include "sheet_samples.h"
+#include "support/sheet_samples.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,7 +2,7 @@
 #include "sheet/sheet_store.h"
 
 #include "platform/format.h"
-#include "sheet_samples.h"
+#include "support/sheet_samples.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 
 #include "platform/format.h"
 #include "sheet/patient_register.h"
-#include "sheet_samples.h"
+#include "support/sheet_samples.h"
 
 #include <sqlite3.h>
 

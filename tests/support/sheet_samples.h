@@ -24,7 +24,9 @@ inline SheetFields goodSheet(Workstation& station) {
 
 class LabelledStation : public TestWorkstation {
   public:
-    LabelledStation() { data().execute("update Gepazonosito set Gepazon='ABC'"); }
+    explicit LabelledStation(const QString& archiver = {}) : TestWorkstation(archiver) {
+        data().execute("update Gepazonosito set Gepazon='ABC'");
+    }
 
     void expectRegisterQuestion(Answer answer) {
         dialogue.expectQuestion(QStringLiteral("Ilyen TAJ számú beteg nincs a Páciens törzsben!\n"
