@@ -8,6 +8,8 @@
 
 namespace vandrel::test {
 
+using namespace Qt::StringLiterals;
+
 // A sheet as its store was confirmed; all its texts carry the mark, so that a half written row shows.
 struct Confirmed {
     std::string key;
@@ -24,15 +26,14 @@ inline Confirmed storeNext(Workstation& station, std::mt19937& random) {
         deleteProcedureLine(station, line.rowid);
     const int lines = below(14), mark = below(10'000);
     for (int i = 1; i <= lines; ++i)
-        addProcedureLine(station, fields.Azonosito, QStringLiteral("11041"), QString::number(i),
-                         QStringLiteral("A"));
-    const QString text = QStringLiteral("M%1").arg(mark);
+        addProcedureLine(station, fields.Azonosito, u"11041"_s, QString::number(i), u"A"_s);
+    const QString text = u"M%1"_s.arg(mark);
     fields.Szem_szam = QString::number(100'000'000 + below(30));
     fields.BeutOrvos = QString::number(lines);
     fields.Neve = fields.City = fields.Cim = fields.Anyja_neve = fields.NOTE = text;
     fields.Diag.fill(text);
     if (storeSheet(station, fields).outcome != StoreOutcome::storedAnother)
-        throw Fault(fault::storage, QStringLiteral("store refused"));
+        throw Fault(fault::storage, u"store refused"_s);
     return {fields.Azonosito.toStdString(), lines, mark};
 }
 
@@ -41,7 +42,7 @@ inline Confirmed storeNext(Workstation& station, std::mt19937& random) {
 inline std::vector<std::string> examineSheets(TestWorkstation& test,
                                               const std::vector<Confirmed>& confirmed) {
     std::vector<std::string> wrong;
-    if (test.data().quickCheck() != QLatin1String("ok")) wrong.push_back("the file is damaged");
+    if (test.data().quickCheck() != "ok"_L1) wrong.push_back("the file is damaged");
     const std::pair<const char*, const char*> rules[] = {
         {"a sheet half written", "select count(*) from BETEG where DIAG1<>NOTE or DIAG2<>NOTE or DIAG3<>NOTE "
                                  "or DIAG4<>NOTE or DIAG5<>NOTE or VizDijOsszeg is null"},
@@ -67,12 +68,12 @@ inline std::vector<std::string> examineSheets(TestWorkstation& test,
          "and b.NOTE=p.Neve)"},
     };
     for (const auto& [name, sql] : rules)
-        if (const QString count = firstText(test.data(), sql); count != QLatin1String("0"))
+        if (const QString count = firstText(test.data(), sql); count != "0"_L1)
             wrong.push_back(count.toStdString() + " times " + name);
     for (const Confirmed& sheet : confirmed) {
         const QString found =
             firstText(test.data(), "select BeutOrvos||NOTE from BETEG where AZONOSITO='" + sheet.key + "'");
-        if (found != QStringLiteral("%1M%2").arg(sheet.lines).arg(sheet.mark))
+        if (found != u"%1M%2"_s.arg(sheet.lines).arg(sheet.mark))
             wrong.push_back("not as confirmed: " + sheet.key + " " + found.toStdString());
     }
     return wrong;

@@ -10,6 +10,8 @@
 #include <sys/mount.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 TEST(FullDisk, AVolumeFilledToItsEnd) {
@@ -45,8 +47,8 @@ TEST(FullDisk, AVolumeFilledToItsEnd) {
         say(clinic.onlyBox().toStdString());
         examine("wrong after the report: ");
         // With room again the work goes on: a scratch file that is no longer needed is given up.
-        QFile::remove(clinic.path(QStringLiteral("td2.mdb")));
-        QFile::remove(clinic.path(QStringLiteral("osszedata.mdb")));
+        QFile::remove(clinic.path(u"td2.mdb"_s));
+        QFile::remove(clinic.path(u"osszedata.mdb"_s));
         confirmed.push_back(storeNext(station, random));
         examine("wrong at last: ");
         return 0;
@@ -67,8 +69,8 @@ TEST(Unwritable, FolderAndTarget) {
     const auto rights = [](const QString& path, mode_t mode) {
         EXPECT_EQ(chmod(QFile::encodeName(path).constData(), mode), 0);
     };
-    const QString target = clinic.path(QStringLiteral("target"));
-    const QByteArray before = fileBytes(clinic.path(QStringLiteral("tetdata.mdb")));
+    const QString target = clinic.path(u"target"_s);
+    const QByteArray before = fileBytes(clinic.path(u"tetdata.mdb"_s));
     for (const QString& file : QDir(clinic.workstation.folder).entryList(QDir::Files))
         rights(clinic.path(file), 0444);
     rights(clinic.workstation.folder, 0555);
@@ -80,7 +82,7 @@ TEST(Unwritable, FolderAndTarget) {
             constexpr uid_t nobody = 65534;
             if (getuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0))
                 return ChildProcess::notAllowed;
-            if (access(QFile::encodeName(target + QStringLiteral("/..")).constData(), W_OK) == 0)
+            if (access(QFile::encodeName(target + u"/.."_s).constData(), W_OK) == 0)
                 return ChildProcess::notAllowed;
             std::mt19937 random(1);
             try {
@@ -97,10 +99,10 @@ TEST(Unwritable, FolderAndTarget) {
         ASSERT_EQ(said.size(), 2U);
         EXPECT_EQ(said[0], "tetdata.mdb: az adatállomány nem írható (attempt to write a readonly database)");
         EXPECT_EQ(said[1], box);
-        QFile::remove(target + QStringLiteral("/id.txt")); // left by the target's test
+        QFile::remove(target + u"/id.txt"_s); // left by the target's test
     }
-    EXPECT_EQ(fileBytes(clinic.path(QStringLiteral("tetdata.mdb"))), before);
-    EXPECT_FALSE(QFile::exists(clinic.path(QStringLiteral("tetN123.amb"))));
+    EXPECT_EQ(fileBytes(clinic.path(u"tetdata.mdb"_s)), before);
+    EXPECT_FALSE(QFile::exists(clinic.path(u"tetN123.amb"_s)));
     rights(clinic.workstation.folder, 0755);
 }
 

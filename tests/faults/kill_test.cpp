@@ -11,6 +11,8 @@
 #include <sstream>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 TEST(Kill, WhileSheetsAreStored) {
@@ -48,7 +50,7 @@ TEST(Kill, WhileSheetsAreStored) {
             confirmed.push_back(sheet);
         }
         EXPECT_EQ(clerk.exitCode(), -1) << "ended by itself";
-        journals += QFile::exists(clinic.path(QStringLiteral("tetdata.mdb-journal")));
+        journals += QFile::exists(clinic.path(u"tetdata.mdb-journal"_s));
         // The program's own start on the folder, without a word; then the next store works.
         clinic.dialogue.boxes.clear();
         ASSERT_TRUE(examineDataFiles(station));

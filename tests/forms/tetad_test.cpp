@@ -9,9 +9,9 @@ namespace vandrel::test {
 
 namespace {
 
-const QString storedQuestion = QStringLiteral("Adatok eltárolása megtörtént!\nKíván új beteget rögzíteni?");
+const QString storedQuestion = u"Adatok eltárolása megtörtént!\nKíván új beteget rögzíteni?"_s;
 const QString registerQuestion =
-    QStringLiteral("Ilyen TAJ számú beteg nincs a Páciens törzsben!\nKivánja most rögzíteni?");
+    u"Ilyen TAJ számú beteg nincs a Páciens törzsben!\nKivánja most rögzíteni?"_s;
 
 // From the patient's type on to the birth date of somebody who is not in the register.
 void typeNewPatient() {

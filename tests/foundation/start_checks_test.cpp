@@ -5,11 +5,13 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 namespace {
 
-const QString errorTitle = QStringLiteral("Hiba");
+const QString errorTitle = u"Hiba"_s;
 
 struct Broken {
     const char* file;
@@ -58,19 +60,19 @@ TEST(StartChecks, LostOrDamagedFilesAreNamedAndNeverReplaced) {
 
 TEST(StartChecks, EveryLostFileIsTold) {
     TestWorkstation test;
-    ASSERT_TRUE(QFile::remove(test.path(QStringLiteral("tetmod.mdb"))));
-    QFile text(test.path(QStringLiteral("diagnos.mdb")));
+    ASSERT_TRUE(QFile::remove(test.path(u"tetmod.mdb"_s)));
+    QFile text(test.path(u"diagnos.mdb"_s));
     ASSERT_TRUE(text.open(QIODevice::WriteOnly | QIODevice::Truncate));
     text.write("this is no data file at all, but long enough to look like one " + QByteArray(600, 'x'));
     text.close();
-    test.dialogue.expect(QStringLiteral("Nem található a tetmod.mdb állomány!"), errorTitle);
+    test.dialogue.expect(u"Nem található a tetmod.mdb állomány!"_s, errorTitle);
     QString damaged;
     try {
         test.workstation.files[DataFile::diagnos].query("select 1 from DIAGNOS").next();
     } catch (const Fault& fault) {
         damaged = fault.text();
     }
-    ASSERT_TRUE(damaged.contains(QLatin1String("diagnos.mdb"))) << damaged.toStdString();
+    ASSERT_TRUE(damaged.contains("diagnos.mdb"_L1)) << damaged.toStdString();
     test.dialogue.expect(damaged, errorTitle);
     EXPECT_FALSE(examineDataFiles(test.workstation));
 }
@@ -81,7 +83,7 @@ TEST(StartChecks, FilesOfOtherScreensMayBeAway) {
          {"td2.mdb", "ZEKA.mdb", "osszedata.mdb", "gyogysz2.mdb", "gyogysz.mdb", "setup.ini"})
         ASSERT_TRUE(QFile::remove(test.path(QLatin1String(name)))) << name;
     EXPECT_TRUE(examineDataFiles(test.workstation));
-    EXPECT_FALSE(QFile::exists(test.path(QStringLiteral("osszedata.mdb"))));
+    EXPECT_FALSE(QFile::exists(test.path(u"osszedata.mdb"_s)));
 }
 
 TEST(StartChecks, DatabaseFormat) {
@@ -101,19 +103,18 @@ TEST(StartChecks, DatabaseFormat) {
         if (!entry.good) {
             EXPECT_TRUE(examineDataFiles(test.workstation)); // without a box of its own
             test.dialogue.expect(
-                QStringLiteral(
-                    "Az Ön adatbázis formátuma a 2.21-es verziónak nem felel meg, ezért konvertálásra "
-                    "van szükség, mely kevesebb, mint 1 perc alatt lezajlik.\nA konvertálás "
-                    "megkezdéséhez a Szerviz tevékenységek->Konvertálás->Vandrel 2.21-re menüpontot "
-                    "kell elindítani!"),
+                u"Az Ön adatbázis formátuma a 2.21-es verziónak nem felel meg, ezért konvertálásra "
+                "van szükség, mely kevesebb, mint 1 perc alatt lezajlik.\nA konvertálás "
+                "megkezdéséhez a Szerviz tevékenységek->Konvertálás->Vandrel 2.21-re menüpontot "
+                "kell elindítani!"_s,
                 programTitle, Icon::warning);
         }
         EXPECT_EQ(VerzioEllenorzesek(test.workstation), entry.good);
     }
     TestWorkstation lost;
-    ASSERT_TRUE(QFile::remove(lost.path(QStringLiteral("TAJKapu.mdb"))));
+    ASSERT_TRUE(QFile::remove(lost.path(u"TAJKapu.mdb"_s)));
     EXPECT_TRUE(VerzioEllenorzesek(lost.workstation));
-    EXPECT_FALSE(QFile::exists(lost.path(QStringLiteral("TAJKapu.mdb"))));
+    EXPECT_FALSE(QFile::exists(lost.path(u"TAJKapu.mdb"_s)));
 }
 
 TEST(StartChecks, SeeThroughFlag) {
@@ -143,33 +144,32 @@ TEST(StartChecks, SeeThroughFlag) {
     TestWorkstation test;
     test.data().executeScript("insert into EGYEBPAR (Attunes) values (1)");
     clearAttunes(test.workstation);
-    EXPECT_EQ(firstText(test.data(), "select group_concat(Attunes) from EGYEBPAR"), QStringLiteral("0,1"));
+    EXPECT_EQ(firstText(test.data(), "select group_concat(Attunes) from EGYEBPAR"), u"0,1"_s);
     test.data().executeScript("drop table EGYEBPAR");
     EXPECT_NO_THROW(clearAttunes(test.workstation));
 }
 
 TEST(StartChecks, InstitutionQuestion) {
-    const QString question = QStringLiteral("Az intézeti adatok nincsenek kitöltve!Kívánja most kitölteni?");
+    const QString question = u"Az intézeti adatok nincsenek kitöltve!Kívánja most kitölteni?"_s;
     TestWorkstation test;
     QStringList warnings;
     test.dialogue.expectQuestion(question, Answer::yes);
     EXPECT_EQ(checkInstitution(test.workstation, warnings), InstitutionAnswer::fillNow);
     test.dialogue.expectQuestion(question, Answer::no);
     EXPECT_EQ(checkInstitution(test.workstation, warnings), InstitutionAnswer::fillLater);
-    EXPECT_EQ(warnings,
-              QStringList({QStringLiteral("Az intézeti adatok nincsenek kitöltve!"),
-                           QStringLiteral("Az intézeti adatok nincsenek kitöltve! Kitöltés: Szerviz "
-                                          "tevékenységek->Intézmény")}));
+    EXPECT_EQ(warnings, QStringList({u"Az intézeti adatok nincsenek kitöltve!"_s,
+                                     u"Az intézeti adatok nincsenek kitöltve! Kitöltés: Szerviz "
+                                     "tevékenységek->Intézmény"_s}));
     test.data().execute("insert into intezet (Int_nev) values ('x')");
     EXPECT_EQ(checkInstitution(test.workstation, warnings), InstitutionAnswer::filled);
     EXPECT_EQ(warnings.size(), 2);
 }
 
 TEST(StartChecks, FirstStartWarnings) {
-    const QString doctors = QStringLiteral("Orvoskódok nincsenek kitöltve! Kitöltés: Szerviz "
-                                           "tevékenységek->Adatbázisok karbantartása->Orvoskódok");
-    const QString units = QStringLiteral("Szakrendelő kódok nincsenek kitöltve! Kitöltés: Szerviz "
-                                         "tevékenységek->Adatbázisok karbantartása->Szakrendelő kódszótár");
+    const QString doctors = u"Orvoskódok nincsenek kitöltve! Kitöltés: Szerviz "
+                            "tevékenységek->Adatbázisok karbantartása->Orvoskódok"_s;
+    const QString units = u"Szakrendelő kódok nincsenek kitöltve! Kitöltés: Szerviz "
+                          "tevékenységek->Adatbázisok karbantartása->Szakrendelő kódszótár"_s;
     struct Case {
         const char* dictionaries;
         const char* flag;

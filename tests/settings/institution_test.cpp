@@ -6,24 +6,26 @@
 #include "foundation/look_ups.h"
 #include "support/test_workstation.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 namespace {
 
 InstitutionFields good() {
     InstitutionFields result;
-    result.Int_nev = QStringLiteral("Dr. O'Hara rendelője");
-    result.Gyogyi_kod = QStringLiteral("1234");
-    result.Orv_kod = QStringLiteral("54321");
-    result.Szakrend_kod = QStringLiteral("123456789");
-    result.irsz = QStringLiteral("1011");
-    result.City = QStringLiteral("Budapest");
-    result.cim = QStringLiteral("Fő utca 1.");
-    result.Bankszamla = QStringLiteral("11111111-22222222-33333333");
-    result.Adoig_szam = QStringLiteral("12345678-1-42");
-    result.NBK_KOD = QStringLiteral("N123");
-    result.Login = QStringLiteral("őrző");
-    result.Password = QStringLiteral("titok=[1];");
+    result.Int_nev = u"Dr. O'Hara rendelője"_s;
+    result.Gyogyi_kod = u"1234"_s;
+    result.Orv_kod = u"54321"_s;
+    result.Szakrend_kod = u"123456789"_s;
+    result.irsz = u"1011"_s;
+    result.City = u"Budapest"_s;
+    result.cim = u"Fő utca 1."_s;
+    result.Bankszamla = u"11111111-22222222-33333333"_s;
+    result.Adoig_szam = u"12345678-1-42"_s;
+    result.NBK_KOD = u"N123"_s;
+    result.Login = u"őrző"_s;
+    result.Password = u"titok=[1];"_s;
     return result;
 }
 
@@ -71,24 +73,20 @@ TEST(InstitutionFields, LoginThatSetupIniWouldChangeIsRefused) {
         QString login;
         bool kept;
     };
-    const Case cases[] = {{longest, true},
-                          {longest + QLatin1Char('a'), false},
-                          {QStringLiteral("\"a\""), false},
-                          {QStringLiteral("'"), true},
-                          {QStringLiteral("a "), false},
-                          {QStringLiteral("жук"), false},
-                          {QStringLiteral("a\n[VENY]"), false},
-                          {QString(), true}};
+    const Case cases[] = {{longest, true},         {longest + QLatin1Char('a'), false},
+                          {u"\"a\""_s, false},     {u"'"_s, true},
+                          {u"a "_s, false},        {u"жук"_s, false},
+                          {u"a\n[VENY]"_s, false}, {QString(), true}};
     for (const Case& entry : cases) {
         SCOPED_TRACE(entry.login.toStdString());
         TestWorkstation test;
         InstitutionFields fields = good();
         fields.Login = entry.login;
-        EXPECT_EQ(checkInstitutionFields(fields).field, entry.kept ? QString() : QStringLiteral("Login"));
+        EXPECT_EQ(checkInstitutionFields(fields).field, entry.kept ? QString() : u"Login"_s);
         if (!entry.kept) continue;
         storeLogin(test.workstation, fields);
         EXPECT_EQ(loadInstitution(test.workstation).Login, entry.login);
-        EXPECT_EQ(loadInstitution(test.workstation).Password, QStringLiteral("titok=[1];"));
+        EXPECT_EQ(loadInstitution(test.workstation).Password, u"titok=[1];"_s);
     }
 }
 
@@ -96,11 +94,11 @@ TEST(InstitutionFields, EmptyTableGivesEmptyFieldsAndMasks) {
     TestWorkstation test;
     const InstitutionFields empty = loadInstitution(test.workstation);
     EXPECT_EQ(empty.Int_nev, QString());
-    EXPECT_EQ(empty.Bankszamla, QStringLiteral("        -        -        "));
-    EXPECT_EQ(empty.Adoig_szam, QStringLiteral("        - -  "));
+    EXPECT_EQ(empty.Bankszamla, u"        -        -        "_s);
+    EXPECT_EQ(empty.Adoig_szam, u"        - -  "_s);
     test.data().execute("insert into intezet (Int_nev, Bankszamla, Adoig_szam) values ('x', '0', ' 0')");
     const InstitutionFields zeros = loadInstitution(test.workstation);
-    EXPECT_EQ(zeros.Int_nev, QStringLiteral("x"));
+    EXPECT_EQ(zeros.Int_nev, u"x"_s);
     EXPECT_EQ(zeros.Bankszamla, emptyAccount);
     EXPECT_EQ(zeros.Adoig_szam, emptyTaxNumber);
 }
@@ -109,17 +107,17 @@ TEST(InstitutionFields, StoreAddsOneRowAndEditsIt) {
     TestWorkstation test;
     InstitutionFields fields = good();
     storeInstitution(test.workstation, fields);
-    fields.Int_nev = QStringLiteral("'; drop table intezet; --");
+    fields.Int_nev = u"'; drop table intezet; --"_s;
     fields.cim = QString();
     fields.Adoig_szam = emptyTaxNumber;
     storeInstitution(test.workstation, fields);
-    EXPECT_EQ(firstText(test.data(), "select count(*) from intezet"), QStringLiteral("1"));
+    EXPECT_EQ(firstText(test.data(), "select count(*) from intezet"), u"1"_s);
     EXPECT_EQ(
         firstText(test.data(),
                   "select Int_nev||'|'||Gyogyi_kod||'|'||Orv_kod||'|'||Szakrend_kod||'|'||irsz||'|'||City"
                   "||'|'||cim||'|'||Bankszamla||'|'||Adoig_szam||'|'||NBK_KOD from intezet"),
-        QStringLiteral("'; drop table intezet; --|1234|54321|123456789|1011|Budapest| "
-                       "|11111111-22222222-33333333|        - -  |N123"));
+        u"'; drop table intezet; --|1234|54321|123456789|1011|Budapest| "
+        "|11111111-22222222-33333333|        - -  |N123"_s);
     const InstitutionFields loaded = loadInstitution(test.workstation);
     EXPECT_EQ(loaded.Int_nev, fields.Int_nev);
     EXPECT_EQ(loaded.cim, QString());
@@ -138,20 +136,19 @@ TEST(InstitutionFields, TownOfPostalCodePrefix) {
 
 TEST(WorkstationLabel, EmptyIsRefusedAndTheRowIsAddedOrEdited) {
     TestWorkstation test;
-    const QString refusal = QStringLiteral("Nem maradhat üresen a gépazonosító mező!");
-    test.dialogue.expect(refusal, QStringLiteral("Figyelmeztetés"));
-    EXPECT_FALSE(storeWorkstationLabel(test.workstation, QStringLiteral("  ")));
-    EXPECT_EQ(firstText(test.data(), "select Gepazon from Gepazonosito"), QString(QLatin1String("")));
-    EXPECT_TRUE(storeWorkstationLabel(test.workstation, QStringLiteral("A01")));
-    EXPECT_TRUE(storeWorkstationLabel(test.workstation, QStringLiteral("B'2")));
-    EXPECT_EQ(firstText(test.data(), "select group_concat(Gepazon) from Gepazonosito"),
-              QStringLiteral("B'2"));
-    EXPECT_EQ(workstationLabel(test.workstation), QStringLiteral("B'2"));
-    EXPECT_EQ(firstText(test.data(), "select END_AZON from AZONOSIT"), QStringLiteral("0000000000"));
+    const QString refusal = u"Nem maradhat üresen a gépazonosító mező!"_s;
+    test.dialogue.expect(refusal, u"Figyelmeztetés"_s);
+    EXPECT_FALSE(storeWorkstationLabel(test.workstation, u"  "_s));
+    EXPECT_EQ(firstText(test.data(), "select Gepazon from Gepazonosito"), QString(""_L1));
+    EXPECT_TRUE(storeWorkstationLabel(test.workstation, u"A01"_s));
+    EXPECT_TRUE(storeWorkstationLabel(test.workstation, u"B'2"_s));
+    EXPECT_EQ(firstText(test.data(), "select group_concat(Gepazon) from Gepazonosito"), u"B'2"_s);
+    EXPECT_EQ(workstationLabel(test.workstation), u"B'2"_s);
+    EXPECT_EQ(firstText(test.data(), "select END_AZON from AZONOSIT"), u"0000000000"_s);
     test.data().execute("delete from Gepazonosito");
     EXPECT_EQ(workstationLabel(test.workstation), QString());
-    EXPECT_TRUE(storeWorkstationLabel(test.workstation, QStringLiteral("C03")));
-    EXPECT_EQ(workstationLabel(test.workstation), QStringLiteral("C03"));
+    EXPECT_TRUE(storeWorkstationLabel(test.workstation, u"C03"_s));
+    EXPECT_EQ(workstationLabel(test.workstation), u"C03"_s);
 }
 
 } // namespace vandrel::test

@@ -6,19 +6,21 @@
 
 namespace vandrel::test {
 
+using namespace Qt::StringLiterals;
+
 inline SheetFields goodSheet(Workstation& station) {
     SheetFields fields = makeNewSheet(station).fields;
-    fields.Szakrend = QStringLiteral("010000001");
-    fields.Orvkod = QStringLiteral("12345");
-    fields.Szem_szam = QStringLiteral("123456788");
-    fields.Azon_tipus = QStringLiteral("1");
-    fields.Neve = QStringLiteral("Kovács Éva");
-    fields.Irszam = QStringLiteral("1011");
-    fields.City = QStringLiteral("Budapest");
-    fields.Cim = QStringLiteral("Fő u. 1.");
-    fields.Anyja_neve = QStringLiteral("Őri Anna");
-    fields.Nem = QStringLiteral("2");
-    fields.Szul_dat = QStringLiteral("1970.05.06.");
+    fields.Szakrend = u"010000001"_s;
+    fields.Orvkod = u"12345"_s;
+    fields.Szem_szam = u"123456788"_s;
+    fields.Azon_tipus = u"1"_s;
+    fields.Neve = u"Kovács Éva"_s;
+    fields.Irszam = u"1011"_s;
+    fields.City = u"Budapest"_s;
+    fields.Cim = u"Fő u. 1."_s;
+    fields.Anyja_neve = u"Őri Anna"_s;
+    fields.Nem = u"2"_s;
+    fields.Szul_dat = u"1970.05.06."_s;
     return fields;
 }
 
@@ -29,13 +31,12 @@ class LabelledStation : public TestWorkstation {
     }
 
     void expectRegisterQuestion(Answer answer) {
-        dialogue.expectQuestion(QStringLiteral("Ilyen TAJ számú beteg nincs a Páciens törzsben!\n"
-                                               "Kivánja most rögzíteni?"),
-                                answer, QStringLiteral("Kérdés"));
+        dialogue.expectQuestion(u"Ilyen TAJ számú beteg nincs a Páciens törzsben!\n"
+                                "Kivánja most rögzíteni?"_s,
+                                answer, u"Kérdés"_s);
     }
     void expectStored(Answer another = Answer::no) {
-        dialogue.expectQuestion(QStringLiteral("Adatok eltárolása megtörtént!\nKíván új beteget rögzíteni?"),
-                                another);
+        dialogue.expectQuestion(u"Adatok eltárolása megtörtént!\nKíván új beteget rögzíteni?"_s, another);
     }
     qint64 count(const std::string& table) {
         Query rows = data().query("select count(*) from " + table);

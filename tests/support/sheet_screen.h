@@ -10,6 +10,8 @@
 
 namespace vandrel::test {
 
+using namespace Qt::StringLiterals;
+
 // Text, then Enter.
 inline void enter(const QString& text = {}) {
     typeText(text);
@@ -52,8 +54,7 @@ struct SheetScreen {
             "insert into DIAGNOS (D_KOD, D_NEV) values ('I10H0', 'Magas vérnyomás'), ('J0390', "
             "'Mandulagyulladás'),"
             " ('E1190', 'Cukorbetegség'), ('E1100', 'Cukorbetegség szövődménnyel');");
-        setUp.workstation.setup.setValue(QStringLiteral("ADATLAP_DEF"), QStringLiteral("BEAV_TIP"),
-                                         QStringLiteral("V"));
+        setUp.workstation.setup.setValue(u"ADATLAP_DEF"_s, u"BEAV_TIP"_s, u"V"_s);
     }
 
     // A new sheet on the screen, with the focus in its first field.
