@@ -16,15 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace vandrel::test {
 
-int faultOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Fault& fault) {
-        return fault.number();
-    }
-    return 0;
-}
-
 TEST(Database, KeepsNullBlankAndEmptyApart) {
     TestWorkstation station;
     Database& data = station.data();
@@ -42,23 +33,6 @@ TEST(Database, KeepsNullBlankAndEmptyApart) {
     EXPECT_EQ(notes[2], QString(""_L1));
     EXPECT_TRUE(notes[2].has_value());
     EXPECT_EQ(notes[3], u"O'Hara %_ <b>őŰ"_s);
-}
-
-TEST(Database, NeverReplacesALostOrDamagedFile) {
-    TestWorkstation station;
-    station.workstation.files.closeAll();
-    QFile::remove(station.path(u"beav.mdb"_s));
-    EXPECT_EQ(faultOf([&] { station.workstation.files[DataFile::beav]; }), fault::dataFileMissing);
-    EXPECT_FALSE(QFile::exists(station.path(u"beav.mdb"_s)));
-    EXPECT_EQ(station.workstation.files.examine(DataFile::beav), u"Nem található a beav.mdb állomány!"_s);
-    QFile damaged(station.path(u"tetmod.mdb"_s));
-    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
-    damaged.write("this is no data file, whatever its name says");
-    damaged.close();
-    EXPECT_EQ(faultOf([&] { station.workstation.files[DataFile::tetmod]; }), fault::dataFileDamaged);
-    EXPECT_EQ(station.workstation.files.examine(DataFile::tetdata), QString());
-    station.data().executeScript("drop table Utolsok");
-    EXPECT_TRUE(station.workstation.files.examine(DataFile::tetdata).contains("Utolsok"_L1));
 }
 
 TEST(Database, WaitsForAFileThatASiblingHoldsForAMoment) {

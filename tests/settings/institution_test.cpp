@@ -1,9 +1,6 @@
 // The institution's checks in their order, its store, its login in setup.ini, and the workstation's label.
 #include "settings/institution.h"
 
-#include "foundation/look_ups.h"
-
-#include "foundation/look_ups.h"
 #include "support/test_workstation.h"
 
 using namespace Qt::StringLiterals;
@@ -121,17 +118,6 @@ TEST(InstitutionFields, StoreAddsOneRowAndEditsIt) {
     const InstitutionFields loaded = loadInstitution(test.workstation);
     EXPECT_EQ(loaded.Int_nev, fields.Int_nev);
     EXPECT_EQ(loaded.cim, QString());
-}
-
-TEST(InstitutionFields, TownOfPostalCodePrefix) {
-    TestWorkstation test;
-    test.dictionaries().executeScript("insert into IRSZ (IRSZ, NEV) values ('1011', 'Budapest I.'), ('9700', "
-                                      "'Szombathely'), ('9701', 'Másik'), ('97', 'Rövid')");
-    const std::pair<const char*, const char*> cases[] = {
-        {"", ""},  {"1", "Budapest I."}, {"97", "Szombathely"}, {"9701", "Másik"}, {"97011", ""},
-        {"%", ""}, {"' or 1=1 --", ""}};
-    for (const auto& [typed, town] : cases)
-        EXPECT_EQ(townByPrefix(test.workstation, QString::fromUtf8(typed)), QString::fromUtf8(town)) << typed;
 }
 
 TEST(WorkstationLabel, EmptyIsRefusedAndTheRowIsAddedOrEdited) {

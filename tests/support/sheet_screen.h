@@ -68,6 +68,23 @@ struct SheetScreen {
         QLineEdit* edit = field(name);
         return edit->inputMask().isEmpty() ? edit->text() : edit->displayText();
     }
+    // Of several fields, a '|' between two.
+    QString texts(const char* names) {
+        QStringList result;
+        for (const QString& name : QString::fromLatin1(names).split(u' '))
+            result << text(name.toLatin1().constData());
+        return result.join(u'|');
+    }
+    // One value of the data file.
+    QString stored(const std::string& sql) { return firstText(setUp.data(), sql); }
+    // Field by field: the focus, then the text and Enter.
+    void fill(std::initializer_list<std::pair<const char*, const char16_t*>> values) {
+        for (const auto& [name, value] : values) {
+            go(name);
+            enter(QString::fromUtf16(value));
+        }
+    }
+    void store() { pressKey(Qt::Key_W, Qt::ControlModifier); }
     void go(const char* name) {
         field(name)->setFocus(Qt::OtherFocusReason);
         field(name)->selectAll();
