@@ -1,10 +1,11 @@
 // Institution, workstation label, status note and the small windows, typed into with real keys.
+#include "foundation/forms/field_chain.h"
 #include "foundation/forms/frmAbout.h"
-#include "foundation/forms/masked_field.h"
 #include "settings/forms/gepazonform.h"
 #include "settings/forms/intad.h"
 #include "settings/forms/kornyform.h"
 #include "settings/forms/nemform.h"
+#include "support/keyboard.h"
 #include "support/test_workstation.h"
 
 #include <QApplication>
@@ -24,22 +25,6 @@ void open(WorkForm& form) {
     form.open();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     QCoreApplication::processEvents();
-}
-
-// Types into whatever has the focus, as a clerk does; letters outside Latin-1 go as texts.
-void type(const QString& text) {
-    for (const QChar letter : text)
-        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(letter),
-                            Qt::NoModifier);
-}
-
-void press(Qt::Key key) {
-    QTest::keyClick(QApplication::focusWidget(), key);
-    QCoreApplication::processEvents();
-}
-
-QString focusName() {
-    return QApplication::focusWidget() != nullptr ? QApplication::focusWidget()->objectName() : QString();
 }
 
 } // namespace
@@ -66,21 +51,21 @@ TEST(IntadForm, TypedByKeyboardAloneAndStored) {
     for (const auto& [name, text] : fields) {
         EXPECT_EQ(focusName(), QLatin1String(name));
         EXPECT_FALSE(QApplication::focusWidget()->accessibleName().isEmpty());
-        type(QString::fromUtf8(text));
-        press(Qt::Key_Return);
+        typeText(QString::fromUtf8(text));
+        pressKey(Qt::Key_Return);
     }
     EXPECT_EQ(form.findChild<QLineEdit*>(u"City"_s)->text(), u"Szombathely"_s);
     EXPECT_EQ(focusName(), u"Tarol"_s);
 
     // Three characters of the GYÓGYINFOK code: nothing is stored, and nothing is said.
-    press(Qt::Key_Return);
+    pressKey(Qt::Key_Return);
     EXPECT_EQ(status->text(), QString());
     EXPECT_EQ(focusName(), u"Gyogyi_kod"_s);
     EXPECT_EQ(firstText(test.data(), "select count(*) from intezet"), u"0"_s);
-    type(u"1234"_s);
+    typeText(u"1234"_s);
     auto* keep = form.findChild<QPushButton*>(u"Tarol"_s);
     keep->setFocus();
-    press(Qt::Key_Return);
+    pressKey(Qt::Key_Return);
     EXPECT_EQ(status->text(), u" Adatok tárolása megtörtént!"_s);
     EXPECT_EQ(firstText(test.data(),
                         "select Int_nev||'|'||Gyogyi_kod||'|'||City||'|'||Bankszamla||'|'||Adoig_szam"
@@ -100,27 +85,16 @@ TEST(IntadForm, TypedByKeyboardAloneAndStored) {
     EXPECT_EQ(status->text(), u" Hiba :Az intézet neve mező üresen maradt!"_s);
     EXPECT_EQ(focusName(), u"City"_s);
 
+    // An emptied postal code empties the town.
+    form.findChild<QLineEdit*>(u"City"_s)->setText(u"Pécs"_s);
+    SelectAll(form.findChild<QLineEdit*>(u"irsz"_s));
+    pressKey(Qt::Key_Backspace);
+    EXPECT_EQ(form.findChild<QLineEdit*>(u"City"_s)->text(), QString());
+
     EXPECT_FALSE(opener.isEnabled());
-    press(Qt::Key_Escape);
+    pressKey(Qt::Key_Escape);
     EXPECT_FALSE(form.isVisible());
     EXPECT_TRUE(opener.isEnabled());
-}
-
-TEST(IntadForm, EmptyPostalCodeClearsTheTownAndZerosAreMasks) {
-    TestWorkstation test;
-    test.data().execute("insert into intezet (Int_nev, City, irsz, Bankszamla, Adoig_szam) values "
-                        "('<b>név</b>', 'Pécs', '7621', '0', '0')");
-    intad form(test.workstation, nullptr);
-    open(form);
-    auto* code = form.findChild<QLineEdit*>(u"irsz"_s);
-    auto* town = form.findChild<QLineEdit*>(u"City"_s);
-    EXPECT_EQ(town->text(), u"Pécs"_s);
-    EXPECT_EQ(form.findChild<MaskedField*>(u"Bankszamla"_s)->value(), u"        -        -        "_s);
-    EXPECT_EQ(form.findChild<MaskedField*>(u"Adoig_szam"_s)->value(), u"        - -  "_s);
-    code->setFocus();
-    code->selectAll();
-    press(Qt::Key_Backspace);
-    EXPECT_EQ(town->text(), QString());
 }
 
 TEST(GepazonForm, StoresThreeCharactersAndCloses) {
@@ -129,14 +103,14 @@ TEST(GepazonForm, StoresThreeCharactersAndCloses) {
     gepazonform form(test.workstation, &opener);
     open(form);
     EXPECT_EQ(focusName(), u"Gepazon"_s);
-    press(Qt::Key_Return);
+    pressKey(Qt::Key_Return);
     test.dialogue.expect(u"Nem maradhat üresen a gépazonosító mező!"_s, u"Figyelmeztetés"_s);
-    press(Qt::Key_Return);
+    pressKey(Qt::Key_Return);
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(focusName(), u"Gepazon"_s);
-    type(u"R0123"_s);
-    press(Qt::Key_Return);
-    press(Qt::Key_Return);
+    typeText(u"R0123"_s);
+    pressKey(Qt::Key_Return);
+    pressKey(Qt::Key_Return);
     EXPECT_FALSE(form.isVisible());
     EXPECT_TRUE(opener.isEnabled());
     EXPECT_EQ(firstText(test.data(), "select Gepazon from Gepazonosito"), u"R01"_s);
@@ -167,7 +141,7 @@ TEST(NemForm, DisablesItsCallerAndClosesOnlyWithItsButton) {
         port.showNote(u"Kész"_s, true);
         ASSERT_TRUE(QTest::qWaitForWindowActive(&note));
         EXPECT_FALSE(caller.isEnabled());
-        press(key);
+        pressKey(key);
         EXPECT_FALSE(note.isVisible());
         EXPECT_TRUE(caller.isEnabled());
         ASSERT_TRUE(QTest::qWaitForWindowActive(&caller));
@@ -186,7 +160,7 @@ TEST(SmallWindows, EnvironmentAndAboutBox) {
     EXPECT_EQ(environment.windowTitle(), u"Környezet"_s);
     EXPECT_EQ(environment.findChild<QLabel*>(u"datum"_s)->text(), u"2008.04.03."_s);
     EXPECT_EQ(environment.findChild<QLabel*>(u"ido"_s)->text(), u"14:05:09"_s);
-    press(Qt::Key_Escape);
+    pressKey(Qt::Key_Escape);
     EXPECT_FALSE(environment.isVisible());
 
     QWidget opener;
@@ -195,7 +169,7 @@ TEST(SmallWindows, EnvironmentAndAboutBox) {
     auto* machine = about.findChild<QPlainTextEdit*>(u"rendszerinformacio"_s);
     EXPECT_FALSE(machine->isVisible());
     about.findChild<QPushButton*>(u"cmdSysInfo"_s)->setFocus();
-    press(Qt::Key_Return);
+    pressKey(Qt::Key_Return);
     EXPECT_TRUE(machine->isVisible());
     const QStringList lines = machine->toPlainText().split(QLatin1Char('\n'));
     ASSERT_EQ(lines.size(), 11);
@@ -203,7 +177,7 @@ TEST(SmallWindows, EnvironmentAndAboutBox) {
     EXPECT_EQ(lines[9], u"Qt: "_s + QLatin1String(qVersion()));
     for (const QString& line : lines)
         EXPECT_FALSE(line.section(": "_L1, 1).trimmed().isEmpty()) << line.toStdString();
-    press(Qt::Key_Escape);
+    pressKey(Qt::Key_Escape);
     EXPECT_TRUE(opener.isEnabled());
 }
 

@@ -30,6 +30,12 @@ void fillInstitution(TestWorkstation& test) {
     test.data().execute("insert into intezet (Int_nev) values ('Rendelő')");
 }
 
+const QString exitQuestion = u"Valóban ki akar lépni?"_s;
+
+QStringList words(const QString& text) {
+    return text.split(u' ');
+}
+
 // A main window with surroundings that write down what happens.
 struct Shell {
     explicit Shell(Workstation& station)
@@ -53,6 +59,13 @@ struct Shell {
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
         settle();
     }
+    void leaveAndComeBack() {
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+        activate();
+    }
     static void settle() {
         for (int turn = 0; turn < 5; ++turn)
             QCoreApplication::processEvents();
@@ -74,19 +87,20 @@ struct Shell {
         return names;
     }
 
-    QStringList steps;
+    // Every entry that could have one gets an opener, which writes its name down.
+    void openAll() {
+        for (const MenuEntry& entry : menuMap())
+            if (entry.kind != MenuKind::title && entry.kind != MenuKind::none &&
+                entry.kind != MenuKind::leaving)
+                window.setOpener(menuText(entry.name),
+                                 [this, name = menuText(entry.name)] { opened << name; });
+    }
+
+    QStringList steps, opened;
     bool otherRuns = false;
     bool seeThroughWorks = true;
     tetindul window;
 };
-
-// Every entry that could have one gets an opener.
-void openAll(Shell& shell, QStringList& opened) {
-    for (const MenuEntry& entry : menuMap())
-        if (entry.kind != MenuKind::title && entry.kind != MenuKind::none && entry.kind != MenuKind::leaving)
-            shell.window.setOpener(menuText(entry.name),
-                                   [&opened, name = menuText(entry.name)] { opened << name; });
-}
 
 void listMenu(const QList<QAction*>& actions, int depth, QString& text) {
     for (const QAction* action : actions) {
@@ -120,14 +134,13 @@ TEST(MainWindow, EntriesWithoutOpenerAreDisabledWithTheirButtonsAndLinks) {
     EXPECT_FALSE(shell.link("Verziókövetés")->isEnabled());
     EXPECT_FALSE(shell.link("Frissítés")->isEnabled());
 
-    QStringList opened;
-    openAll(shell, opened);
-    EXPECT_EQ(shell.disabled(), QStringList({u"helyremenu"_s, u"frissmenu"_s}));
+    shell.openAll();
+    EXPECT_EQ(shell.disabled(), words(u"helyremenu frissmenu"_s));
     for (const MenuEntry& entry : menuMap())
         if (entry.kind == MenuKind::form) shell.action(std::string(entry.name).c_str())->trigger();
-    const qsizetype forms = opened.size();
+    const qsizetype forms = shell.opened.size();
     EXPECT_EQ(forms, std::ranges::count(menuMap(), MenuKind::form, &MenuEntry::kind));
-    opened.clear();
+    shell.opened.clear();
     const QStringList toolTips = {u"Új beteg felvétele"_s,
                                   u"Beteg módosítása"_s,
                                   u"Eredeti formátumú jelentés floppy előállítása"_s,
@@ -142,31 +155,29 @@ TEST(MainWindow, EntriesWithoutOpenerAreDisabledWithTheirButtonsAndLinks) {
     }
     QTest::mouseClick(shell.link("Verziókövetés"), Qt::LeftButton);
     QTest::keyClick(shell.link("Frissítés"), Qt::Key_Space);
-    EXPECT_EQ(opened, QStringList({u"adfelv"_s, u"admod"_s, u"er"_s, u"jav"_s, u"nevj"_s, u"prfrissmenu"_s}));
+    EXPECT_EQ(shell.opened, words(u"adfelv admod er jav nevj prfrissmenu"_s));
 }
 
 TEST(MainWindow, KeysOpenMenusAndEntries) {
     TestWorkstation test;
     fillInstitution(test);
     Shell shell(test.workstation);
-    QStringList opened;
-    openAll(shell, opened);
+    shell.openAll();
     shell.show();
     QTest::keyClick(&shell.window, Qt::Key_A, Qt::AltModifier);
     QWidget* menu = QApplication::activePopupWidget();
     ASSERT_NE(menu, nullptr);
     QTest::keyClick(menu, Qt::Key_Return); // the first entry is marked
-    EXPECT_EQ(opened, QStringList({u"adfelv"_s}));
+    EXPECT_EQ(shell.opened, QStringList({u"adfelv"_s}));
     QTest::keyClick(&shell.window, Qt::Key_N, Qt::ControlModifier);
     QTest::keyClick(&shell.window, Qt::Key_J, Qt::AltModifier);
-    EXPECT_EQ(opened, QStringList({u"adfelv"_s, u"adfelv"_s, u"nevj"_s}));
+    EXPECT_EQ(shell.opened, words(u"adfelv adfelv nevj"_s));
 }
 
 TEST(MainWindow, LinkIsLitUntilThePictureOrTheToolbarGetThePointer) {
     TestWorkstation test;
     Shell shell(test.workstation);
-    QStringList opened;
-    openAll(shell, opened);
+    shell.openAll();
     auto* link = shell.link("Verziókövetés");
     QWidget* toolbar = shell.window.findChild<QWidget*>(u"Toolbar1"_s);
     for (QWidget* place : {link->parentWidget(), toolbar}) {
@@ -183,14 +194,13 @@ TEST(MainWindow, LinkIsLitUntilThePictureOrTheToolbarGetThePointer) {
 TEST(MainWindow, FirstActivationInOrderWithTheHiddenList) {
     TestWorkstation test;
     Shell shell(test.workstation);
-    QStringList opened;
-    openAll(shell, opened);
+    shell.openAll();
     EXPECT_FALSE(shell.warnings()->isHidden());
     test.dialogue.expectQuestion(institutionQuestion, Answer::yes);
     shell.show();
     EXPECT_EQ(shell.window.windowTitle(), u"Vandrel Járóbeteg program v2.25"_s);
-    EXPECT_EQ(shell.steps, QStringList({u"see-through"_s, u"instance"_s}));
-    EXPECT_EQ(opened, QStringList({u"int"_s}));
+    EXPECT_EQ(shell.steps, words(u"see-through instance"_s));
+    EXPECT_EQ(shell.opened, QStringList({u"int"_s}));
     EXPECT_EQ(shell.window.findChild<QLineEdit*>(u"datum"_s)->text(), u"2008.04.03."_s);
     EXPECT_EQ(shell.window.findChild<QLineEdit*>(u"ido"_s)->text(), u"14:05"_s);
     // The list is filled, but was hidden before, and nothing shows it again.
@@ -208,11 +218,7 @@ TEST(MainWindow, FirstActivationInOrderWithTheHiddenList) {
     // The next activation clears the list and finds nothing more to warn of.
     fillInstitution(test);
     test.clock.set(QDateTime(QDate(2008, 4, 4), QTime(7, 30)));
-    QWidget other;
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    shell.activate();
+    shell.leaveAndComeBack();
     EXPECT_EQ(shell.warningTexts(), QStringList());
     EXPECT_TRUE(shell.warnings()->isHidden());
     EXPECT_EQ(shell.window.findChild<QLineEdit*>(u"ido"_s)->text(), u"07:30"_s);
@@ -221,29 +227,22 @@ TEST(MainWindow, FirstActivationInOrderWithTheHiddenList) {
 TEST(MainWindow, AnswerNoDisablesTheNamedMenusForThatActivation) {
     TestWorkstation test;
     Shell shell(test.workstation);
-    QStringList opened;
-    openAll(shell, opened);
+    shell.openAll();
     test.dialogue.expectQuestion(institutionQuestion, Answer::no);
     shell.show();
-    EXPECT_EQ(shell.disabled(),
-              QStringList({u"adkez"_s, u"stati"_s, u"leval"_s, u"szerviz"_s, u"helyremenu"_s, u"napiment"_s,
-                           u"frissmenu"_s, u"nevj"_s, u"kil"_s}));
+    EXPECT_EQ(shell.disabled(), words(u"adkez stati leval szerviz helyremenu napiment frissmenu nevj kil"_s));
     // Closing the window is the only way out: button and key of the exit are as dead as its menu.
     QTest::mouseClick(shell.button(6), Qt::LeftButton);
     QTest::mouseClick(shell.button(1), Qt::LeftButton);
     QTest::keyClick(&shell.window, Qt::Key_Q, Qt::ControlModifier);
     QTest::keyClick(&shell.window, Qt::Key_N, Qt::ControlModifier);
-    EXPECT_EQ(opened, QStringList());
+    EXPECT_EQ(shell.opened, QStringList());
     EXPECT_TRUE(shell.window.isVisible());
 
     // The next activation asks again and lifts the limits when there is an institution.
     fillInstitution(test);
-    QWidget other;
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    shell.activate();
-    EXPECT_EQ(shell.disabled(), QStringList({u"helyremenu"_s, u"frissmenu"_s}));
+    shell.leaveAndComeBack();
+    EXPECT_EQ(shell.disabled(), words(u"helyremenu frissmenu"_s));
 
     shell.window.close();
     EXPECT_EQ(shell.steps.count(u"end"_s), 1);
@@ -272,15 +271,11 @@ TEST(MainWindow, RealBoxesDoNotStackOrRepeat) {
 
     // The exit box hands back as well, and is no activation either.
     fillInstitution(test);
-    QWidget other;
-    other.show();
-    other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    shell.activate();
+    shell.leaveAndComeBack();
     EXPECT_EQ(shell.steps.count(u"instance"_s), 2);
     shell.action("kil")->trigger();
     shell.activate();
-    EXPECT_EQ(boxes.texts, QStringList({institutionQuestion, u"Valóban ki akar lépni?"_s}));
+    EXPECT_EQ(boxes.texts, QStringList({institutionQuestion, exitQuestion}));
     EXPECT_EQ(shell.steps.count(u"instance"_s), 2);
     EXPECT_TRUE(shell.window.isVisible());
 }
@@ -316,7 +311,7 @@ TEST(MainWindow, SecondInstanceEndsWhateverIsAnswered) {
         test.dialogue.expectQuestion(u"A program már fut egy példányban!"_s, answer, u"Figyelmeztetés"_s,
                                      Icon::critical);
         shell.show(); // the institution, a later step, is not asked for
-        EXPECT_EQ(shell.steps, QStringList({u"see-through"_s, u"instance"_s, u"end"_s}));
+        EXPECT_EQ(shell.steps, words(u"see-through instance end"_s));
         EXPECT_FALSE(shell.window.isVisible());
     }
 }
@@ -336,17 +331,12 @@ TEST(MainWindow, OldDatabaseFormatDisablesItsMenus) {
     fillInstitution(test);
     test.workstation.files[DataFile::TAJKapu].executeScript("alter table Tranzakciok drop column TAJ");
     Shell shell(test.workstation);
-    QStringList opened;
-    openAll(shell, opened);
-    test.dialogue.expect(
-        u"Az Ön adatbázis formátuma a 2.21-es verziónak nem felel meg, ezért konvertálásra van "
-        "szükség, mely kevesebb, mint 1 perc alatt lezajlik.\nA konvertálás megkezdéséhez a Szerviz "
-        "tevékenységek->Konvertálás->Vandrel 2.21-re menüpontot kell elindítani!"_s,
-        programTitle, Icon::warning);
+    shell.openAll();
+    test.dialogue.takeAll(); // the box is held beside its check
     shell.show();
-    EXPECT_EQ(shell.disabled(),
-              QStringList({u"adkez"_s, u"leval"_s, u"helyremenu"_s, u"osszemasol"_s, u"frissmenu"_s}));
+    EXPECT_EQ(shell.disabled(), words(u"adkez leval helyremenu osszemasol frissmenu"_s));
     EXPECT_FALSE(shell.button(1)->isEnabled());
+    EXPECT_EQ(test.dialogue.boxes.size(), 1U);
 }
 
 TEST(MainWindow, ExitAsksOnceAndUnloadsEveryForm) {
@@ -354,12 +344,12 @@ TEST(MainWindow, ExitAsksOnceAndUnloadsEveryForm) {
     fillInstitution(test);
     Shell shell(test.workstation);
     shell.show();
-    test.dialogue.expectQuestion(u"Valóban ki akar lépni?"_s, Answer::no, u"Kilép"_s);
+    test.dialogue.expectQuestion(exitQuestion, Answer::no, u"Kilép"_s);
     QTest::mouseClick(shell.button(6), Qt::LeftButton);
     EXPECT_TRUE(shell.window.isVisible());
     WorkForm form(test.workstation, nullptr);
     form.show();
-    test.dialogue.expectQuestion(u"Valóban ki akar lépni?"_s, Answer::yes, u"Kilép"_s);
+    test.dialogue.expectQuestion(exitQuestion, Answer::yes, u"Kilép"_s);
     QTest::keyClick(&shell.window, Qt::Key_Q, Qt::ControlModifier);
     EXPECT_FALSE(form.isVisible());
     EXPECT_FALSE(shell.window.isVisible());
