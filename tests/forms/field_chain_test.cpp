@@ -46,22 +46,18 @@ TEST_F(FieldChainTest, EnterAndArrowsSkipWhatIsHiddenOrDisabled) {
     disabled->setEnabled(false);
     b->setText(u"régi"_s);
     showOn(a);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"b"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"b"_s);
     EXPECT_EQ(b->selectedText(), u"régi"_s);
     EXPECT_EQ(b->palette().color(QPalette::Base), QColor(255, 255, 255));
     EXPECT_EQ(b->palette().color(QPalette::Text), QColor(192, 0, 0));
     EXPECT_EQ(a->palette().color(QPalette::Base), QColor(192, 192, 192));
     typeText(u"új ő"_s);
     EXPECT_EQ(b->text(), u"új ő"_s);
-    pressKey(Qt::Key_Up);
-    EXPECT_EQ(focusName(), u"a"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Up), u"a"_s);
     EXPECT_EQ(b->cursorPosition(), 0); // a long text left shows its beginning
     EXPECT_FALSE(b->hasSelectedText());
-    pressKey(Qt::Key_Down);
-    EXPECT_EQ(focusName(), u"b"_s);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"b"_s); // the last one keeps the focus
+    EXPECT_EQ(pressKey(Qt::Key_Down), u"b"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"b"_s); // the last one keeps the focus
 }
 
 TEST_F(FieldChainTest, NumericFieldsDropOtherKeys) {
@@ -108,8 +104,7 @@ TEST_F(FieldChainTest, AFailedCheckTakesTheFocusBackOnceAndDropsWhatWasTypedAhea
     EXPECT_EQ(checks, 1);
     EXPECT_EQ(focusName(), u"a"_s);
     EXPECT_EQ(b->text(), QString());
-    typeText(u"jó"_s);
-    pressKey(Qt::Key_Return);
+    enter(u"jó"_s);
     EXPECT_EQ(checks, 2);
     EXPECT_EQ(focusName(), u"b"_s);
     a->clear();
@@ -128,8 +123,7 @@ TEST_F(FieldChainTest, HelpAndOwnKeysComeBeforeTheChain) {
     showOn(a);
     pressKey(Qt::Key_F1);
     EXPECT_EQ(helped, 1);
-    pressKey(Qt::Key_Down);
-    EXPECT_EQ(focusName(), u"a"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Down), u"a"_s);
     pressKey(Qt::Key_Enter); // the key of the number block too
     EXPECT_EQ(focusName(), u"b"_s);
 }

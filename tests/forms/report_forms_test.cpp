@@ -74,25 +74,18 @@ TEST_F(ReportForms, TheMonthsReportByKeyboard) {
     keepPicture(form, u"levForm.png"_s);
 
     // Back and forth between the periods; other keys than digits do nothing.
-    typeText(u"2008x02"_s);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"IdoszakIg"_s);
-    pressKey(Qt::Key_Up);
-    EXPECT_EQ(focusName(), u"IdoszakTol"_s);
-    pressKey(Qt::Key_Down);
-    EXPECT_EQ(focusName(), u"IdoszakIg"_s);
+    EXPECT_EQ(enter(u"2008x02"_s), u"IdoszakIg"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Up), u"IdoszakTol"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Down), u"IdoszakIg"_s);
     EXPECT_EQ(part<QLineEdit>(form, "IdoszakTol")->displayText(), u"2008.02"_s);
 
     // An unfilled to-field: the focus goes to the from-field.
     pressKey(Qt::Key_Delete);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"Levalogatas"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"Levalogatas"_s);
     test.dialogue.expect(u"Hibás vég dátum!"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"IdoszakTol"_s);
     pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"IdoszakTol"_s);
-    pressKey(Qt::Key_Return);
-    typeText(u"200803"_s);
-    pressKey(Qt::Key_Return);
+    enter(u"200803"_s);
 
     // The floppy is not there; nothing was touched and another target can be chosen.
     test.dialogue.expect(u"Nem található az elérési útvonal!"_s);
@@ -171,10 +164,8 @@ TEST_F(ReportForms, ModesShowTheirOwnFields) {
     EXPECT_EQ(part<QLineEdit>(corrected, "IdoszakTol")->displayText(), u"2008.02"_s);
     EXPECT_EQ(part<QLineEdit>(corrected, "ElszIdoszak")->displayText(), u"2008.03"_s);
     pressKey(Qt::Key_Return);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"ElszIdoszak"_s);
-    pressKey(Qt::Key_Up);
-    EXPECT_EQ(focusName(), u"IdoszakIg"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"ElszIdoszak"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Up), u"IdoszakIg"_s);
     keepPicture(corrected, u"levForm_javitas.png"_s);
     pressKey(Qt::Key_Escape);
     EXPECT_FALSE(corrected.isVisible());
@@ -183,8 +174,7 @@ TEST_F(ReportForms, ModesShowTheirOwnFields) {
     show(eu);
     EXPECT_EQ(eu.windowTitle(), u"Havi jelentéskészítés - EU jelentés"_s);
     EXPECT_FALSE(part<QLineEdit>(eu, "IdoszakIg")->isVisible());
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"Levalogatas"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"Levalogatas"_s);
 }
 
 TEST_F(ReportForms, ThePickerTakesOnlyAFolderThatIsThere) {
@@ -209,8 +199,7 @@ TEST_F(ReportForms, ThePickerTakesOnlyAFolderThatIsThere) {
         path->setText(wrong);
         path->setFocus();
         test.dialogue.expect(u"Nem található az elérési útvonal!"_s);
-        pressKey(Qt::Key_Return);
-        EXPECT_EQ(focusName(), u"Utvonal"_s);
+        EXPECT_EQ(pressKey(Qt::Key_Return), u"Utvonal"_s);
     }
     EXPECT_EQ(test.workstation.reportTarget, u"a:\\"_s);
     path->setText(test.path(u"Ő <b>mappa//"_s));
@@ -239,13 +228,10 @@ TEST_F(ReportForms, WriteBackByKeyboard) {
     EXPECT_EQ(form.windowTitle(), u"Floppy mezők visszaírása"_s);
     EXPECT_EQ(focusName(), u"IdoszakTol"_s);
     EXPECT_TRUE(part<QRadioButton>(form, "Eredeti")->isChecked());
-    typeText(u"200803"_s);
-    pressKey(Qt::Key_Return);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"Visszaallitas"_s);
+    enter(u"200803"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"Visszaallitas"_s);
     test.dialogue.expect(u"Nem adott meg -Ig értéket!"_s);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"IdoszakIg"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"IdoszakIg"_s);
     typeText(u"200803"_s);
     pressKey(Qt::Key_Tab);
     pressKey(Qt::Key_Right);

@@ -51,8 +51,7 @@ TEST(IntadForm, TypedByKeyboardAloneAndStored) {
     for (const auto& [name, text] : fields) {
         EXPECT_EQ(focusName(), QLatin1String(name));
         EXPECT_FALSE(QApplication::focusWidget()->accessibleName().isEmpty());
-        typeText(QString::fromUtf8(text));
-        pressKey(Qt::Key_Return);
+        enter(QString::fromUtf8(text));
     }
     EXPECT_EQ(form.findChild<QLineEdit*>(u"City"_s)->text(), u"Szombathely"_s);
     EXPECT_EQ(focusName(), u"Tarol"_s);
@@ -108,8 +107,7 @@ TEST(GepazonForm, StoresThreeCharactersAndCloses) {
     pressKey(Qt::Key_Return);
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(focusName(), u"Gepazon"_s);
-    typeText(u"R0123"_s);
-    pressKey(Qt::Key_Return);
+    enter(u"R0123"_s);
     pressKey(Qt::Key_Return);
     EXPECT_FALSE(form.isVisible());
     EXPECT_TRUE(opener.isEnabled());

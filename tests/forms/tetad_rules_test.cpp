@@ -22,8 +22,7 @@ void click(SheetScreen& screen, const char* button) {
 TEST(TetadPatient, RegisterFillsAsTheTajIsTyped) {
     SheetScreen screen;
     screen.open();
-    screen.go("Szem_szam");
-    typeText(u"1"_s); // the first of the register's order
+    screen.type("Szem_szam", u"1"_s); // the first of the register's order
     EXPECT_EQ(screen.text("Szem_szam"), u"123456788"_s);
     EXPECT_EQ(screen.field("Szem_szam")->selectedText(), u"23456788"_s);
     EXPECT_EQ(
@@ -44,19 +43,14 @@ TEST(TetadPatient, RegisterFillsAsTheTajIsTyped) {
 TEST(TetadPatient, UnknownTajClearsAndTheTownFollowsThePostalCodeOnly) {
     SheetScreen screen;
     screen.open();
-    screen.go("City");
-    typeText(u"Kézivár"_s);
-    screen.go("Szem_szam");
-    typeText(u"12"_s);
+    screen.type("City", u"Kézivár"_s);
+    screen.type("Szem_szam", u"12"_s);
     screen.go("Neve");
-    screen.go("Szem_szam");
-    typeText(u"9"_s);
+    screen.type("Szem_szam", u"9"_s);
     EXPECT_EQ(screen.text("Neve"), QString());
     screen.dialogue.expect(u"A TAJ számnak 9 számjegyűnek kell lennie !"_s, u"Hiba!"_s);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"Azon_tipus"_s); // the message does not hold the focus
-    screen.go("Irszam");
-    typeText(u"101"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"Azon_tipus"_s); // the message does not hold the focus
+    screen.type("Irszam", u"101"_s);
     EXPECT_EQ(screen.text("City"), u"Budapest"_s);
     typeText(u"2"_s);
     EXPECT_EQ(screen.text("City"), u"Budapest 12"_s);
@@ -78,10 +72,8 @@ TEST(TetadPatient, EmptyRegisterClearsNothingAndTheSwitchStopsTheSearch) {
     pressKey(Qt::Key_F1);
     screen.form.findChild<QCheckBox*>(u"Alt_eng"_s)->setChecked(false);
     pressKey(Qt::Key_Escape);
-    screen.go("Neve");
-    typeText(u"Kézi Név"_s);
-    screen.go("Szem_szam");
-    typeText(u"1"_s);
+    screen.type("Neve", u"Kézi Név"_s);
+    screen.type("Szem_szam", u"1"_s);
     EXPECT_EQ(screen.text("Szem_szam"), u"1"_s);
     EXPECT_EQ(screen.text("Neve"), u"Kézi Név"_s);
     pressKey(Qt::Key_F1); // sets the switch on again
@@ -99,16 +91,13 @@ TEST(TetadPatient, EligibilityIsAskedOnlyWhereThereIsAService) {
     screen.go("Szem_szam");
     enter();
     EXPECT_EQ(asked, 0); // an empty TAJ is not asked about
-    screen.go("Szem_szam");
-    typeText(u"123456788"_s);
-    pressKey(Qt::Key_Return);
+    screen.fill({{"Szem_szam", u"123456788"}});
     EXPECT_EQ(asked, 1);
     screen.form.findChild<QLabel*>(u"jogviszony"_s)->setText(u"I"_s);
     screen.go("Szem_szam");
     pressKey(Qt::Key_Return);
     EXPECT_EQ(asked, 1);
-    screen.go("Szem_szam");
-    typeText(u"12"_s);
+    screen.type("Szem_szam", u"12"_s);
     EXPECT_EQ(screen.label("jogviszony"), QString());
 }
 
@@ -164,8 +153,7 @@ TEST(TetadLeave, SwitchedOffTheOtherGroupOfChecksRuns) {
     screen.form.findChild<QCheckBox*>(u"Alt_eng"_s)->setChecked(false);
     pressKey(Qt::Key_Escape);
     screen.dialogue.expect(u"Ilyen 'Orvoskód' nincs!Írjon be másikat!"_s, u"Hiba"_s);
-    enter(u"99999"_s);
-    EXPECT_EQ(focusName(), u"Orvkod"_s);
+    EXPECT_EQ(enter(u"99999"_s), u"Orvkod"_s);
     enter(u"22222"_s);
     screen.fill({{"Terites", u"99"}}); // its check is of the other group
     EXPECT_EQ(focusName(), u"Baleset"_s);
@@ -195,14 +183,12 @@ TEST(TetadFee, PartFeeIsThereForItsCategoryOnly) {
     EXPECT_EQ(screen.label("Terites_cimke"), u"Térítési kategória/Részl. té. díj:"_s);
     enter();
     EXPECT_EQ(screen.text("TerReszlDij"), u"0"_s);
-    screen.go("Terites");
-    typeText(u"0"_s); // one letter away from it, the fee is gone
+    screen.type("Terites", u"0"_s); // one letter away from it, the fee is gone
     EXPECT_FALSE(screen.visible("TerReszlDij"));
     EXPECT_EQ(screen.text("TerReszlDij"), QString());
     typeText(u"1"_s);
     EXPECT_FALSE(screen.visible("EU_adatlap_gomb"));
-    screen.go("EU_LAP");
-    typeText(u"1"_s);
+    screen.type("EU_LAP", u"1"_s);
     EXPECT_TRUE(screen.visible("EU_adatlap_gomb"));
 }
 
@@ -210,8 +196,7 @@ TEST(TetadOther, CapacityNeedsPatientAndMainDiagnosis) {
     SheetScreen screen;
     screen.open();
     const auto leaveCapacity = [&] {
-        pressKey(Qt::Key_E, Qt::ControlModifier);
-        EXPECT_EQ(focusName(), u"Labor"_s);
+        EXPECT_EQ(pressKey(Qt::Key_E, Qt::ControlModifier), u"Labor"_s);
         for (int i = 0; i < 4; ++i)
             pressKey(Qt::Key_Return);
     };
@@ -230,12 +215,10 @@ TEST(TetadOther, CapacityNeedsPatientAndMainDiagnosis) {
     screen.go("Gyogyfurd");
     pressKey(Qt::Key_Delete);
     for (const char* name : {"Gyogyseg", "Recept", "Utkltg"}) {
-        pressKey(Qt::Key_Escape);
-        EXPECT_EQ(focusName(), QString::fromLatin1(name));
+        EXPECT_EQ(pressKey(Qt::Key_Escape), QString::fromLatin1(name));
     }
     EXPECT_EQ(screen.text("Gyogyfurd"), u"0"_s);
-    pressKey(Qt::Key_Escape);
-    EXPECT_EQ(focusName(), u"Diag1"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Escape), u"Diag1"_s);
 }
 
 TEST(TetadOther, UserFieldsFollowTheParameters) {
@@ -247,11 +230,9 @@ TEST(TetadOther, UserFieldsFollowTheParameters) {
     EXPECT_FALSE(screen.visible("Felh1"));
     EXPECT_TRUE(screen.visible("Felh2"));
     EXPECT_EQ(screen.field("Felh2")->accessibleName(), u"Karton <1>:"_s);
-    screen.go("Felh2");
-    typeText(u"abcd"_s);
+    screen.type("Felh2", u"abcd"_s);
     EXPECT_EQ(screen.text("Felh2"), u"abc"_s);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"Felh4"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"Felh4"_s);
     typeText(QString(40, u'x')); // without a length of its own the longest one holds
     EXPECT_EQ(screen.text("Felh4"), QString(35, u'x'));
     pressKey(Qt::Key_Return);
@@ -277,28 +258,23 @@ TEST(TetadProcedures, LinesAreWrittenAtOnceAndFunctionKeysFillTheCode) {
     pressKey(Qt::Key_F6); // not laid down
     EXPECT_EQ(screen.text("BEAV"), QString());
     screen.dialogue.expect(u"Nincs ilyen kód a beavatkozás törzsben!"_s, u"Hiba"_s);
-    enter(u"9x'%_"_s);
-    EXPECT_EQ(focusName(), u"BEAV"_s);
+    EXPECT_EQ(enter(u"9x'%_"_s), u"BEAV"_s);
     typeText(u"42400"_s);
     pressKey(Qt::Key_Down);
     pressKey(Qt::Key_Delete);
     screen.dialogue.expect(u"Mennyiség kitöltése kötelező!"_s);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"MENNY"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"MENNY"_s);
     typeText(u"1,5"_s);
     screen.dialogue.expect(u"A mennyiség csak egész szám lehet, legfeljebb 9 számjeggyel: 1,5"_s, u"Hiba"_s);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"MENNY"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"MENNY"_s);
     EXPECT_EQ(screen.text("MENNY"), u"1,5"_s);
     typeText(u"12x"_s); // over the refused one; other keys are dropped
-    pressKey(Qt::Key_Down);
-    EXPECT_EQ(focusName(), u"BeavJelleg"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Down), u"BeavJelleg"_s);
     pressKey(Qt::Key_Delete);
     screen.dialogue.expect(u"Jelleg kitöltése kötelező!"_s);
     click(screen, "Felvesz");
     EXPECT_EQ(focusName(), u"BeavJelleg"_s);
-    enter(u"C"_s);
-    EXPECT_EQ(focusName(), u"Felvesz"_s);
+    EXPECT_EQ(enter(u"C"_s), u"Felvesz"_s);
     pressKey(Qt::Key_Return);
     EXPECT_EQ(stored(), u"11041/1/V,42400/12/C"_s);
     EXPECT_EQ(screen.text("BeavJelleg"), u"V"_s);

@@ -19,11 +19,9 @@ const QString hostile = QStringLiteral("O'Brien %_\"; <b>x</b> & 漢 'or 1=1--")
 void typeNewPatient() {
     for (const QString& text : {u"1"_s, hostile, u"1012"_s, QString(), u"Kő köz 3."_s, QString(),
                                 u"Tóth Ilona"_s, hostile, QString(), QString()})
-        enter(text);
-    EXPECT_EQ(focusName(), u"F_datum"_s);
+        EXPECT_EQ(enter(text), u"F_datum"_s);
     for (const QString& text : {QString(), QString(), u"1"_s, u"19580704"_s})
-        enter(text);
-    EXPECT_EQ(focusName(), u"Terites"_s);
+        EXPECT_EQ(enter(text), u"Terites"_s);
 }
 
 } // namespace
@@ -68,31 +66,23 @@ TEST(Tetad, EnterFollowsTheOrderOfEntry) {
         "City Cim Allampol_rov Anyja_neve Leanykori_neve KgySzam KgyLe F_datum F_ido Nem Szul_dat Terites "
         "TerReszlDij Baleset Ell_tip Tova EU_LAP ElszNyil VizitDij VizDijOsszeg VizitdijFizMod Diag1 Diag2 "
         "Diag3 Diag4 Diag5 BEAV"_s);
-    pressKey(Qt::Key_Up);
-    EXPECT_EQ(focusName(), u"Diag5"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Up), u"Diag5"_s);
     pressKey(Qt::Key_Down);
-    pressKey(Qt::Key_Down);
-    EXPECT_EQ(focusName(), u"MENNY"_s);
-    pressKey(Qt::Key_Up);
-    EXPECT_EQ(focusName(), u"BEAV"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Down), u"MENNY"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Up), u"BEAV"_s);
     // Without the category "0R" there is no part fee on the way; an empty second diagnosis ends the list.
     screen.fill({{"Terites", u"01"}});
     EXPECT_EQ(focusName(), u"Baleset"_s);
     screen.go("Diag2");
     pressKey(Qt::Key_Delete);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"BEAV"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"BEAV"_s);
     screen.go("Diag2");
-    pressKey(Qt::Key_Down);
-    EXPECT_EQ(focusName(), u"Diag3"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Down), u"Diag3"_s);
     screen.go("MENNY");
-    pressKey(Qt::Key_Tab);
-    EXPECT_EQ(focusName(), u"BeavJelleg"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Tab), u"BeavJelleg"_s);
     screen.go("VizDijOsszeg");
-    pressKey(Qt::Key_Tab);
-    EXPECT_EQ(focusName(), u"Termen"_s);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"VizitdijFizMod"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Tab), u"Termen"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"VizitdijFizMod"_s);
 }
 
 TEST(Tetad, WholeSheetIsTypedAndStoredWithoutMouse) {
@@ -116,31 +106,25 @@ TEST(Tetad, WholeSheetIsTypedAndStoredWithoutMouse) {
         enter();
     enter(); // the fee code becomes "01"
     enter(u"300"_s);
-    enter(u"01"_s);
-    EXPECT_EQ(focusName(), u"Diag1"_s);
+    EXPECT_EQ(enter(u"01"_s), u"Diag1"_s);
     enter(u"i10h0"_s);
     EXPECT_EQ(screen.label("Diag1_nev"), u"Magas vérnyomás"_s);
-    enter();
-    EXPECT_EQ(focusName(), u"BEAV"_s);
+    EXPECT_EQ(enter(), u"BEAV"_s);
     enter(u"11041"_s); // adds the line at once
     EXPECT_EQ(focusName(), u"BEAV"_s);
     typeText(u"42400"_s);
     pressKey(Qt::Key_Down);
-    enter(u"3"_s);
-    EXPECT_EQ(focusName(), u"BEAV"_s);
-    pressKey(Qt::Key_E, Qt::ControlModifier);
-    EXPECT_EQ(focusName(), u"Labor"_s);
+    EXPECT_EQ(enter(u"3"_s), u"BEAV"_s);
+    EXPECT_EQ(pressKey(Qt::Key_E, Qt::ControlModifier), u"Labor"_s);
     enter(u"2"_s);
     for (int i = 0; i < 5; ++i)
-        enter();
-    EXPECT_EQ(focusName(), u"Recept"_s);
+        EXPECT_EQ(enter(), u"Recept"_s);
     enter(u"4"_s);
     enter();
     enter(); // the last field of the frame: back to the sheet
     EXPECT_EQ(focusName(), u"BEAV"_s);
     pressKey(Qt::Key_N, Qt::ControlModifier);
-    typeText(u"Első sor őű"_s);
-    pressKey(Qt::Key_Return);
+    enter(u"Első sor őű"_s);
     typeText(u"második"_s);
     pressKey(Qt::Key_Escape);
     screen.dialogue.expectQuestion(registerQuestion, Answer::yes, u"Kérdés"_s);
@@ -180,16 +164,14 @@ TEST(Tetad, RefusedStoreGoesToTheField) {
     screen.store();
     EXPECT_EQ(focusName(), u"Irszam"_s);
     // From inside the other data the frame makes way.
-    pressKey(Qt::Key_E, Qt::ControlModifier);
-    EXPECT_EQ(focusName(), u"Labor"_s);
+    EXPECT_EQ(pressKey(Qt::Key_E, Qt::ControlModifier), u"Labor"_s);
     screen.dialogue.expect(u"Lakcím-Város nincs kitöltve!"_s);
     screen.store();
     EXPECT_EQ(focusName(), u"Irszam"_s);
     EXPECT_FALSE(screen.visible("egyeb_keret"));
     // A full disk leaves everything as it is, and the same key stores once there is room.
     screen.fill({{"Irszam", u"6720"}, {"Szakrend", u"010000001"}});
-    screen.go("Szem_szam");
-    typeText(u"123456788"_s);
+    screen.type("Szem_szam", u"123456788"_s);
     SheetFields fields = screen.form.fields();
     fields.NOTE = QString(20'000, u'x');
     screen.form.setFields(fields);
@@ -225,8 +207,7 @@ TEST(Tetad, LeavingKeepsTheLinesForTheNextSheet) {
 TEST(Tetad, GoesWithItsDictionaryAndChecksNothing) {
     SheetScreen screen;
     screen.open();
-    screen.go("Diag1");
-    typeText(u"X9"_s); // there is no such code: leaving the field would say so
+    screen.type("Diag1", u"X9"_s); // there is no such code: leaving the field would say so
     pressKey(Qt::Key_F1);
     ASSERT_TRUE(screen.form.dictionary().isVisible());
     screen.form.close();
@@ -240,8 +221,7 @@ TEST(Tetad, StoredCorrectionWritesOverItsSheetWithoutAWord) {
     SheetScreen screen;
     screen.open();
     enter(u"010000001"_s);
-    screen.go("Szem_szam");
-    typeText(u"123456788"_s);
+    screen.type("Szem_szam", u"123456788"_s);
     screen.fill({{"BEAV", u"11041"}});
     screen.dialogue.expectQuestion(storedQuestion, Answer::no);
     screen.store();
@@ -254,11 +234,9 @@ TEST(Tetad, StoredCorrectionWritesOverItsSheetWithoutAWord) {
     screen.form.present();
     ASSERT_TRUE(showActive(screen.form));
     screen.fill({{"Jav", u"2"}});
-    enter(u"010000002"_s);
-    EXPECT_EQ(focusName(), u"Edatum"_s);
+    EXPECT_EQ(enter(u"010000002"_s), u"Edatum"_s);
     typeText(u"20080303"_s);
-    screen.go("Tova");
-    typeText(u"7"_s);
+    screen.type("Tova", u"7"_s);
     screen.store();
     EXPECT_TRUE(screen.form.isVisible());
     EXPECT_EQ(focusName(), u"Tova"_s);
@@ -272,16 +250,13 @@ TEST(Tetad, StoreChecksTheFieldThatHasTheFocus) {
     SheetScreen screen;
     screen.open();
     enter(u"010000001"_s);
-    screen.go("Szem_szam");
-    typeText(u"123456788"_s);
-    screen.go("Diag1");
-    typeText(u"QQQQQ"_s);
+    screen.type("Szem_szam", u"123456788"_s);
+    screen.type("Diag1", u"QQQQQ"_s);
     screen.dialogue.expect(u"Nincs ilyen 'BNO kód'!"_s, u"Hiba"_s);
     screen.store();
     EXPECT_EQ(focusName(), u"Diag1"_s);
     EXPECT_EQ(screen.stored("select count(*) from BETEG"), u"0"_s);
-    screen.go("Cim");
-    typeText(u"abc"_s);
+    screen.type("Cim", u"abc"_s);
     pressKey(Qt::Key_K, Qt::ControlModifier); // not there yet, and no editing key either
     EXPECT_EQ(screen.text("Cim"), u"abc"_s);
 }

@@ -12,12 +12,6 @@ namespace vandrel::test {
 
 using namespace Qt::StringLiterals;
 
-// Text, then Enter.
-inline void enter(const QString& text = {}) {
-    typeText(text);
-    pressKey(Qt::Key_Return);
-}
-
 inline bool showActive(QWidget& window) {
     QApplication::setActiveWindow(&window);
     return QTest::qWaitForWindowActive(&window);
@@ -85,6 +79,11 @@ struct SheetScreen {
         }
     }
     void store() { pressKey(Qt::Key_W, Qt::ControlModifier); }
+    // Types into a field and stays there.
+    void type(const char* name, const QString& text) {
+        go(name);
+        typeText(text);
+    }
     void go(const char* name) {
         field(name)->setFocus(Qt::OtherFocusReason);
         field(name)->selectAll();
