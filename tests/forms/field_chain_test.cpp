@@ -33,13 +33,13 @@ class FieldChainTest : public testing::Test {
     QWidget window;
     QVBoxLayout* layout = new QVBoxLayout(&window);
     FieldChain chain{&window};
+    QLineEdit* const a = edit("a");
+    QLineEdit* const b = edit("b");
 };
 
 TEST_F(FieldChainTest, EnterAndArrowsSkipWhatIsHiddenOrDisabled) {
-    QLineEdit* a = edit("a");
     QLineEdit* hidden = edit("hidden");
     QLineEdit* disabled = edit("disabled");
-    QLineEdit* b = edit("b");
     for (QLineEdit* field : {a, hidden, disabled, b})
         chain.add(field);
     hidden->hide();
@@ -61,7 +61,6 @@ TEST_F(FieldChainTest, EnterAndArrowsSkipWhatIsHiddenOrDisabled) {
 }
 
 TEST_F(FieldChainTest, NumericFieldsDropOtherKeys) {
-    QLineEdit* a = edit("a");
     chain.add(a, {.numeric = true});
     showOn(a);
     typeText(u"1x2,ő.-3"_s);
@@ -87,8 +86,6 @@ TEST_F(FieldChainTest, NumericFieldsDropOtherKeys) {
 }
 
 TEST_F(FieldChainTest, AFailedCheckTakesTheFocusBackOnceAndDropsWhatWasTypedAhead) {
-    QLineEdit* a = edit("a");
-    QLineEdit* b = edit("b");
     int checks = 0;
     chain.add(a, {.leave = [&] {
                   ++checks;
@@ -115,8 +112,6 @@ TEST_F(FieldChainTest, AFailedCheckTakesTheFocusBackOnceAndDropsWhatWasTypedAhea
 }
 
 TEST_F(FieldChainTest, HelpAndOwnKeysComeBeforeTheChain) {
-    QLineEdit* a = edit("a");
-    QLineEdit* b = edit("b");
     int helped = 0;
     chain.add(a, {.help = [&] { ++helped; }, .key = [&](int key) { return key == Qt::Key_Down; }});
     chain.add(b);
@@ -156,8 +151,6 @@ TEST_F(FieldChainTest, MasksKeepTheirLiteralsAndBlanks) {
 
 // Several keys may wait in the queue while a box or a slow step holds the program up.
 TEST_F(FieldChainTest, KeysTypedAheadAreNotWrittenOver) {
-    QLineEdit* a = edit("a");
-    QLineEdit* b = edit("b");
     chain.add(a);
     chain.add(b);
     showOn(a);
@@ -170,8 +163,6 @@ TEST_F(FieldChainTest, KeysTypedAheadAreNotWrittenOver) {
 }
 
 TEST_F(FieldChainTest, FocusedFieldIsCheckedOnDemand) {
-    QLineEdit* a = edit("a");
-    QLineEdit* b = edit("b");
     int checks = 0;
     bool good = false;
     chain.add(a, {.leave = [&] {

@@ -172,7 +172,9 @@ TEST_F(FieldChecks, PickListLinesOfTables) {
     EXPECT_EQ(patients->line(2), QString());
     EXPECT_EQ(openPickSource(station.workstation, PickMarker::Szakrend)->line(0), u"010000001 - Sebészet"_s);
     EXPECT_EQ(openPickSource(station.workstation, PickMarker::Orvkod)->line(0), u"12345 - "_s);
-    EXPECT_EQ(openPickSource(station.workstation, PickMarker::Baleset)->count(), 13);
+    const auto accidents = openPickSource(station.workstation, PickMarker::Baleset);
+    EXPECT_EQ(accidents->count(), 13);
+    EXPECT_EQ(accidents->line(1).left(2), u"01"_s); // offered, and refused by the check
 }
 
 TEST_F(FieldChecks, LookUps) {

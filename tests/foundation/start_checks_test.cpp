@@ -79,16 +79,15 @@ TEST(StartChecks, FilesOfOtherScreensMayBeAway) {
 }
 
 TEST(StartChecks, DatabaseFormat) {
-    struct Case {
+    const struct {
         const char* script;
         bool good;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"alter table Tranzakciok drop column TAJ", false},
         {"alter table Tranzakciok rename column TAJ to taj", true}, // names know no case
         {"drop table Tranzakciok", true}, // cannot be opened: no matter of this check
     };
-    for (const Case& entry : cases) {
+    for (const auto& entry : cases) {
         SCOPED_TRACE(entry.script);
         TestWorkstation test;
         test.workstation.files[DataFile::TAJKapu].executeScript(entry.script);
@@ -110,12 +109,11 @@ TEST(StartChecks, DatabaseFormat) {
 }
 
 TEST(StartChecks, SeeThroughFlag) {
-    struct Case {
+    const struct {
         const char* script;
         bool before;
         bool after;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"update EGYEBPAR set Attunes=1", false, true},
         {"update EGYEBPAR set Attunes=-1", false, true}, // True as older data have it
         {"update EGYEBPAR set Attunes=0", true, false},
@@ -125,7 +123,7 @@ TEST(StartChecks, SeeThroughFlag) {
         {"drop table EGYEBPAR", false, false}, // a fault is silent and changes nothing
         {"drop table EGYEBPAR", true, true},
     };
-    for (const Case& entry : cases) {
+    for (const auto& entry : cases) {
         SCOPED_TRACE(entry.script);
         TestWorkstation test;
         test.data().executeScript(entry.script);
@@ -162,12 +160,11 @@ TEST(StartChecks, FirstStartWarnings) {
                             "tevékenységek->Adatbázisok karbantartása->Orvoskódok"_s;
     const QString units = u"Szakrendelő kódok nincsenek kitöltve! Kitöltés: Szerviz "
                           "tevékenységek->Adatbázisok karbantartása->Szakrendelő kódszótár"_s;
-    struct Case {
+    const struct {
         const char* dictionaries;
         const char* flag;
         QStringList warnings;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"", "update Beallitasok set Elso_inditas=1", {doctors, units}},
         {"insert into ORVOSOK (ORVKOD) values ('1')", "update Beallitasok set Elso_inditas=-1", {units}},
         {"insert into SZAKREND (REND_KOD) values ('1')", "", {doctors}},
@@ -175,7 +172,7 @@ TEST(StartChecks, FirstStartWarnings) {
         {"", "update Beallitasok set Elso_inditas=null", {}},
         {"", "delete from Beallitasok", {}},
     };
-    for (const Case& entry : cases) {
+    for (const auto& entry : cases) {
         SCOPED_TRACE(entry.flag);
         TestWorkstation test;
         test.dictionaries().executeScript(entry.dictionaries);

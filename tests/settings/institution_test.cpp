@@ -1,6 +1,8 @@
 // The institution's checks in their order, its store, its login in setup.ini, and the workstation's label.
 #include "settings/institution.h"
 
+#include "foundation/look_ups.h"
+
 #include "support/test_workstation.h"
 
 using namespace Qt::StringLiterals;
@@ -29,15 +31,14 @@ InstitutionFields good() {
 } // namespace
 
 TEST(InstitutionFields, ChecksInOrder) {
-    struct Step {
+    // From the last check to the first: each fault hides those behind it.
+    const struct {
         QString InstitutionFields::*member;
         const char* value;
         const char* field;
         const char* status;
         const char* box;
-    };
-    // From the last check to the first: each fault hides those behind it.
-    const Step steps[] = {
+    } steps[] = {
         {&InstitutionFields::NBK_KOD, "123 ", "NBK_KOD", "", "Hiba: az intézet NBK kódja 4 jegyű!"},
         {&InstitutionFields::Szakrend_kod, "12345678", "Szakrend_kod", "",
          "Hiba: a szakrendelő kódja 9 jegyű!"},
@@ -54,7 +55,7 @@ TEST(InstitutionFields, ChecksInOrder) {
     };
     InstitutionFields fields = good();
     EXPECT_EQ(checkInstitutionFields(fields).field, QString());
-    for (const Step& step : steps) {
+    for (const auto& step : steps) {
         SCOPED_TRACE(step.field);
         fields.*step.member = QString::fromUtf8(step.value);
         const InstitutionFault fault = checkInstitutionFields(fields);
@@ -66,15 +67,14 @@ TEST(InstitutionFields, ChecksInOrder) {
 
 TEST(InstitutionFields, LoginThatSetupIniWouldChangeIsRefused) {
     const QString longest(39, QLatin1Char('a'));
-    struct Case {
+    const struct {
         QString login;
         bool kept;
-    };
-    const Case cases[] = {{longest, true},         {longest + QLatin1Char('a'), false},
-                          {u"\"a\""_s, false},     {u"'"_s, true},
-                          {u"a "_s, false},        {u"жук"_s, false},
-                          {u"a\n[VENY]"_s, false}, {QString(), true}};
-    for (const Case& entry : cases) {
+    } cases[] = {{longest, true},         {longest + QLatin1Char('a'), false},
+                 {u"\"a\""_s, false},     {u"'"_s, true},
+                 {u"a "_s, false},        {u"жук"_s, false},
+                 {u"a\n[VENY]"_s, false}, {QString(), true}};
+    for (const auto& entry : cases) {
         SCOPED_TRACE(entry.login.toStdString());
         TestWorkstation test;
         InstitutionFields fields = good();

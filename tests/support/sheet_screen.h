@@ -7,6 +7,8 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
 
 namespace vandrel::test {
 
@@ -62,11 +64,13 @@ struct SheetScreen {
         QLineEdit* edit = field(name);
         return edit->inputMask().isEmpty() ? edit->text() : edit->displayText();
     }
-    // Of several fields, a '|' between two.
+    // Of several fields and labels, a '|' between two.
     QString texts(const char* names) {
         QStringList result;
-        for (const QString& name : QString::fromLatin1(names).split(u' '))
-            result << text(name.toLatin1().constData());
+        for (const QString& name : QString::fromLatin1(names).split(u' ')) {
+            const std::string latin = name.toStdString();
+            result << (field(latin.c_str()) != nullptr ? text(latin.c_str()) : label(latin.c_str()));
+        }
         return result.join(u'|');
     }
     // One value of the data file.
@@ -78,7 +82,13 @@ struct SheetScreen {
             enter(QString::fromUtf16(value));
         }
     }
-    void store() { pressKey(Qt::Key_W, Qt::ControlModifier); }
+    void click(const char* button) {
+        form.findChild<QPushButton*>(QString::fromLatin1(button))->click();
+        QCoreApplication::processEvents();
+    }
+    // Of the pick-list.
+    QString currentLine() { return form.findChild<QListView*>(u"lista"_s)->currentIndex().data().toString(); }
+    QString store() { return pressKey(Qt::Key_W, Qt::ControlModifier); }
     // Types into a field and stays there.
     void type(const char* name, const QString& text) {
         go(name);
@@ -97,6 +107,12 @@ struct SheetScreen {
     TestWorkstation setUp;
     ExpectedDialogue& dialogue = setUp.dialogue;
     tetad form{setUp.workstation, nullptr};
+};
+
+// A test that begins on a new sheet.
+class SheetTest : public testing::Test, protected SheetScreen {
+  protected:
+    void SetUp() override { open(); }
 };
 
 } // namespace vandrel::test
