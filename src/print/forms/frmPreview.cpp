@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -21,7 +20,6 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QShortcut>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 
 namespace vandrel {
@@ -272,21 +270,8 @@ void frmPreview::tell(const Fault& fault) {
 
 std::optional<SaveAnswer> frmPreview::askWhere(const QString& caption, const QStringList& filters,
                                                const QString& ending) {
-    QString folder = m_ports.saveFolder;
-    if (folder.isEmpty() || !QDir(folder).exists())
-        folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (!QDir(folder).exists()) folder = QDir::homePath();
-    auto answer = m_ports.askSavePath(
-        this, {caption, QDir(folder).filePath(suggestedFileName(m_document.AppName(), ending)), filters});
-    if (!answer) return std::nullopt;
-    answer->path = withEnding(answer->path, ending);
-    const QFileInfo file(answer->path);
-    if (file.exists() && !m_ports.dialogue->ask(
-                             QStringLiteral("A(z) \"%1\" fájl már létezik. Felülírja?").arg(file.fileName()),
-                             caption, Icon::warning))
-        return std::nullopt;
-    m_ports.saveFolder = file.absolutePath();
-    return answer;
+    return askTarget(this, *m_ports.dialogue, m_ports.askSavePath, m_ports.saveFolder,
+                     {caption, suggestedFileName(m_document.AppName(), ending), filters}, ending);
 }
 
 void frmPreview::savePdf() {
