@@ -205,9 +205,9 @@ TEST_F(Tetad, StoredCorrectionWritesOverItsSheetWithoutAWord) {
     EXPECT_FALSE(form.isVisible());
 
     setUp.data().execute("update BETEG set FLOPPY=3");
-    SheetFields stored = form.fields();
-    stored.correction = true;
-    form.setFields(stored);
+    SheetFields fields = form.fields();
+    fields.correction = true;
+    form.setFields(fields);
     form.present();
     ASSERT_TRUE(showActive(form));
     fill({{"Jav", u"2"}});
