@@ -46,6 +46,22 @@ TEST(DocumentTable, Bytes) {
     EXPECT_EQ(saved(table, windows1250), "");
 }
 
+// Longer than what is kept as it was written.
+TEST(DocumentTable, LongTable) {
+    DocumentTable table;
+    QByteArray expected;
+    for (int row = 0; row < 60'000; ++row) {
+        const QString number = QString::number(row);
+        table.addRow({number, QStringLiteral("Árvíztűrő")});
+        expected += number.toUtf8() + ";\xC1rv\xEDzt\xFBr\xF5\r\n";
+    }
+    EXPECT_EQ(table.rowCount(), 60'000);
+    EXPECT_EQ(table.unencodable(DocumentTable::Encoding::windows1250), 0);
+    EXPECT_TRUE(saved(table, DocumentTable::Encoding::windows1250) == expected);
+    table.clear();
+    EXPECT_EQ(saved(table, DocumentTable::Encoding::windows1250), "");
+}
+
 TEST(DocumentTable, RefusedTargets) {
     DocumentTable table;
     table.addRow({QStringLiteral("a")});
