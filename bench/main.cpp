@@ -1,7 +1,8 @@
-// vandrel-bench [FOLDER [ROUNDS [start] [entry] [report]]]: makes the sample clinics in FOLDER where they are
-// not there yet, measures, and prints one table.
+// vandrel-bench [FOLDER [ROUNDS [start] [entry] [report] [lists]]]: makes the sample clinics in FOLDER where
+// they are not there yet, measures, and prints one table.
 #include "child.h"
 #include "entry_bench.h"
+#include "list_bench.h"
 #include "measure.h"
 #include "report_bench.h"
 #include "sample_clinic.h"
@@ -23,6 +24,10 @@ int main(int argc, char** argv) {
         words << QString::fromLocal8Bit(argv[i]);
     if (words.size() == 3 && words[0] == QLatin1String("--report"))
         return reportChild(argc, argv, words[1], words[2]);
+    if (words.size() > 2 && words[0] == QLatin1String("--list")) {
+        words.removeFirst();
+        return listChild(argc, argv, words);
+    }
 
     sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0); // as the program sets it, before the counter wakes the engine
     if (syncCounterInstall() != 0) return 1;
@@ -35,7 +40,14 @@ int main(int argc, char** argv) {
         return words.isEmpty() || words.contains(QLatin1String(what));
     };
     Table table;
+    if (wanted("lists")) {
+        const QString clinic = QDir(folder).filePath(QStringLiteral("100000"));
+        makeSampleClinic(clinic, 100'000);
+        measureLists(table, clinic, folder + QStringLiteral("/lists"), rounds);
+    }
+    const bool others = wanted("start") || wanted("entry") || wanted("report");
     for (const auto& [sheets, name] : {std::pair(100'000, "100,000"), std::pair(500'000, "500,000")}) {
+        if (!others) break;
         const QString clinic = QDir(folder).filePath(QString::number(sheets));
         const QString size = QLatin1String(name);
         std::fprintf(stderr, "%s sheets\n", name);

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <chrono>
+#include <ctime>
 #include <vector>
 
 namespace vandrel::bench {
@@ -16,6 +17,15 @@ class Stopwatch {
 
   private:
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+};
+
+// The processor's time of this process: other work on the machine does not enter into it.
+class ProcessorWatch {
+  public:
+    double seconds() const { return static_cast<double>(std::clock() - m_start) / CLOCKS_PER_SEC; }
+
+  private:
+    std::clock_t m_start = std::clock();
 };
 
 double median(std::vector<double> values); // of at least one value

@@ -171,9 +171,10 @@ int DocumentWalk::DrawItem(const qcTextItem& item, int resumePos, const Frame& f
         Segment segment;
         while (scan.next(segment)) {
             if (overflows(segment.height, frame) && !turned) return static_cast<int>(segment.start) + 1;
-            turned = false;
             if (drawing) drawSegment(item, segment, frame);
-            if (segment.end != Segment::End::forced) m_y += segment.height + style.lineSpacing;
+            if (segment.end == Segment::End::forced) continue; // the line goes on, also a turned one
+            turned = false;
+            m_y += segment.height + style.lineSpacing;
         }
     }
     if (drawing && style.underline > 0)
@@ -234,7 +235,8 @@ Stretch stretchOf(std::u16string_view visible, double excess, double blankWidth)
 
 void DocumentWalk::drawSegment(const qcTextItem& item, const Segment& segment, const Frame& frame) {
     const ItemStyle& style = *item.m_style;
-    const std::u16string_view text(m_text.data(), m_text.size());
+    // No tag reaches beyond its segment, so nothing behind it is searched for the end of one.
+    const std::u16string_view text(m_text.data(), segment.stop);
     TagState pen(style, m_engine.meter, m_engine.printer.size());
 
     Stretch stretch;

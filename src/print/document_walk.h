@@ -35,7 +35,7 @@ class DocumentWalk {
 
     // Draws one item, from resumePos on (1-based; 0: from its beginning, with its Top). 0: it is complete;
     // otherwise the position of the first segment that did not fit. turned: the page was turned for this
-    // item, so that its first segment is drawn even where it does not fit; it would be lost otherwise, and
+    // item, so that its first line is drawn even where it does not fit; it would be lost otherwise, and
     // everything behind it.
     int DrawItem(const qcTextItem& item, int resumePos, const Frame& frame, bool drawing, bool turned);
     int passItem(const qcTextItem& item, int resumePos, const Frame& frame, bool turned);

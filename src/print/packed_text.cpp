@@ -16,7 +16,8 @@ constexpr std::array<std::u16string_view, 5> tags = {u"</LINDENT><LINDENT=", u"<
                                                      u"<b>", u"</b>"};
 
 void pack(std::u16string_view text, std::vector<unsigned char>& bytes) {
-    bytes.clear();
+    bytes.resize(3 * text.size()); // no unit takes more
+    unsigned char* out = bytes.data();
     for (std::size_t at = 0; at < text.size();) {
         const char16_t unit = text[at];
         if (unit == u'<') {
@@ -24,24 +25,25 @@ void pack(std::u16string_view text, std::vector<unsigned char>& bytes) {
             while (tag < tags.size() && text.compare(at, tags[tag].size(), tags[tag]) != 0)
                 ++tag;
             if (tag < tags.size()) {
-                bytes.push_back(static_cast<unsigned char>(firstTag + tag));
+                *out++ = static_cast<unsigned char>(firstTag + tag);
                 at += tags[tag].size();
                 continue;
             }
         }
         // Unit by unit and not letter by letter: half a letter outside the basic plane stays half a letter.
         if (unit < 0x80) {
-            bytes.push_back(static_cast<unsigned char>(unit));
+            *out++ = static_cast<unsigned char>(unit);
         } else if (unit < 0x800) {
-            bytes.push_back(static_cast<unsigned char>(0xC0 | unit >> 6));
-            bytes.push_back(static_cast<unsigned char>(0x80 | (unit & 0x3F)));
+            *out++ = static_cast<unsigned char>(0xC0 | unit >> 6);
+            *out++ = static_cast<unsigned char>(0x80 | (unit & 0x3F));
         } else {
-            bytes.push_back(static_cast<unsigned char>(0xE0 | unit >> 12));
-            bytes.push_back(static_cast<unsigned char>(0x80 | (unit >> 6 & 0x3F)));
-            bytes.push_back(static_cast<unsigned char>(0x80 | (unit & 0x3F)));
+            *out++ = static_cast<unsigned char>(0xE0 | unit >> 12);
+            *out++ = static_cast<unsigned char>(0x80 | (unit >> 6 & 0x3F));
+            *out++ = static_cast<unsigned char>(0x80 | (unit & 0x3F));
         }
         ++at;
     }
+    bytes.resize(static_cast<std::size_t>(out - bytes.data()));
 }
 
 } // namespace

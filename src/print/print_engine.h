@@ -21,7 +21,7 @@ class CurrentPrinter {
         use(service.defaultPrinter());
     }
 
-    // Takes the printer of that number, upright.
+    // Takes the printer of that number; its paper lies as before, if the printer turns it.
     void use(int number);
     int number() const { return m_number; }
     long paperCode() const { return m_paper.code; }
@@ -53,11 +53,13 @@ struct PrintEngine {
 
     // One flag for all documents. Cleared only by Pages.
     bool NeedsPaging = true;
-    // Told by every write that can move a line.
+    // Told by every write that has to bring a new pagination.
     void raisePaging() {
         NeedsPaging = true;
         ++writes;
     }
+    // Told by the other writes that move lines where they are drawn: the pagination stays as it is.
+    void linesMoved() { ++writes; }
     unsigned writes = 0; // what was found out before the last one may not hold any more
     // Names the paper, its pixels and the side margins as they are now: what was measured under another name
     // has to be measured again. Never 0.

@@ -112,6 +112,11 @@ void qcPrinter::setPageSize(long code) {
     m_engine.raisePaging();
 }
 
+void qcPrinter::setAppName(const QString& name) {
+    m_appName = name;
+    m_engine.linesMoved(); // a header may be of another height
+}
+
 void qcPrinter::setOrientation(long orientation) {
     if (orientation == m_orientation || !m_orientOkay) return;
     m_orientation = orientation;
@@ -165,12 +170,14 @@ bool qcPrinter::SetFooter(int slot) const {
 void qcPrinter::setSetHeader(int slot, bool inUse) {
     qcTextItem& item = slotItem(Band::header, slot);
     m_inUse[0][static_cast<std::size_t>(slot)] = inUse;
+    m_engine.linesMoved();
     if (inUse) item.GetSize();
 }
 
 void qcPrinter::setSetFooter(int slot, bool inUse) {
     qcTextItem& item = slotItem(Band::footer, slot);
     m_inUse[1][static_cast<std::size_t>(slot)] = inUse;
+    m_engine.linesMoved();
     if (inUse) item.GetSize();
 }
 

@@ -64,7 +64,7 @@ class qcPrinter {
     } // bit 1: choice of printer; bit 2: copies and collation
     void setPrintOptions(long bits) { m_printOptions = bits; }
     QString AppName() const { return m_appName; }
-    void setAppName(const QString& name) { m_appName = name; }
+    void setAppName(const QString& name);
     int PrinterNumber() const { return m_printerNumber; }
     PreviewPlacement& previewPlacement() { return m_placement; }
 

@@ -10,11 +10,20 @@ namespace vandrel {
 
 namespace {
 
-bool same(QStringView body, QLatin1String name) {
-    return body.compare(name, Qt::CaseInsensitive) == 0;
-}
+// Both without regard to case; name: in capitals. The names of tags are plain letters, which need no look
+// into Qt's tables; a list has a dozen of them on every line.
 bool begins(QStringView body, QLatin1String name) {
-    return body.startsWith(name, Qt::CaseInsensitive);
+    if (body.size() < name.size()) return false;
+    for (qsizetype at = 0; at < name.size(); ++at) {
+        char16_t unit = body[at].unicode();
+        if (unit > 0x7F) return body.startsWith(name, Qt::CaseInsensitive);
+        if (unit >= u'a' && unit <= u'z') unit -= u'a' - u'A';
+        if (unit != name[at].unicode()) return false;
+    }
+    return true;
+}
+bool same(QStringView body, QLatin1String name) {
+    return body.size() == name.size() && begins(body, name);
 }
 
 QString tagValue(QStringView body) {
@@ -35,6 +44,11 @@ long colourOf(QStringView value) {
 } // namespace
 
 double leadingNumber(QStringView text) {
+    int whole = 0;
+    qsizetype at = 0;
+    for (; at < std::min<qsizetype>(text.size(), 9) && text[at] >= u'0' && text[at] <= u'9'; ++at)
+        whole = whole * 10 + (text[at].unicode() - u'0');
+    if (at == text.size()) return whole; // nearly always; nothing is 0
     // No number of use is longer; a longer one loses digits that no printer shows.
     std::array<char, 40> digits{};
     std::size_t count = 0;
@@ -179,6 +193,9 @@ bool SegmentScan::next(Segment& segment) {
     } else {
         m_lineHeight = 0;
     }
+    // The line height of a page that begins with this segment: the carried word's letters count there.
+    double freshHeight = m_carried ? m_carriedHeight : 0;
+    double wordHeight = freshHeight;
     const double heightBefore = m_forced ? m_lineHeight : -1;
     m_forced = false;
 
@@ -208,7 +225,7 @@ bool SegmentScan::next(Segment& segment) {
         const Face& face = *m_state.font.face;
         if (unit == u' ') {
             lineWidth += wordWidth + face.width(u' ');
-            wordWidth = 0;
+            wordWidth = wordHeight = 0;
             hasWords = true;
             wordStart = ++m_at;
             wordFont = m_state.font;
@@ -235,6 +252,7 @@ bool SegmentScan::next(Segment& segment) {
             character = QChar::surrogateToUcs4(unit, m_text[next++]);
         m_at = next;
         m_lineHeight = std::max(m_lineHeight, face.height());
+        wordHeight = std::max(wordHeight, face.height());
         const double width = face.width(character);
         const bool lineEmpty = !hasWords && wordWidth == 0;
         // Resumed, the line begins with what the line before it could not take: not asked again, or a page
@@ -243,7 +261,7 @@ bool SegmentScan::next(Segment& segment) {
             wordWidth += width;
             if (unit == u'-') {
                 lineWidth += wordWidth;
-                wordWidth = 0;
+                wordWidth = wordHeight = 0;
                 hasWords = true;
                 wordStart = m_at;
                 wordFont = m_state.font;
@@ -253,7 +271,7 @@ bool SegmentScan::next(Segment& segment) {
         }
         segment.end = Segment::End::overflow;
         m_carried = true;
-        if (lineEmpty) m_drawsAlike = false;
+        m_carriedHeight = hasWords ? wordHeight : face.height();
         if (hasWords) {
             // The line ends before the word, which goes on on the next one.
             segment.stop = m_carriedStart = wordStart;
@@ -268,6 +286,9 @@ bool SegmentScan::next(Segment& segment) {
             m_carriedAlignment = m_state.alignment;
             m_carriedWidth = width;
         }
+        // Nobody asks whether the carried word fits; on a page that begins with it its letters are asked, and
+        // its hyphen is one again.
+        if (m_carriedWidth > m_room || unit == u'-') m_drawsAlike = false;
         ended = true;
     }
 
@@ -275,7 +296,9 @@ bool SegmentScan::next(Segment& segment) {
     segment.width = lineWidth;
     // A tag in the word that goes on on the next line has no say on the segment that ended before it.
     segment.alignment = m_carried ? m_carriedAlignment : m_state.alignment;
+    freshHeight = std::max(freshHeight, m_lineHeight);
     if (m_lineHeight == 0) m_lineHeight = m_state.font.face->height();
+    if (freshHeight > 0 && freshHeight != m_lineHeight) m_drawsAlike = false;
     segment.height = m_lineHeight;
     // Drawing asks for each segment whether it fits; measuring knows the whole line's height only.
     if (heightBefore >= 0 && m_lineHeight > heightBefore) m_drawsAlike = false;

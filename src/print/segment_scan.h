@@ -104,6 +104,7 @@ class SegmentScan {
     FontNow m_carriedFont;
     long m_carriedAlignment = 0;
     double m_carriedWidth = 0;
+    double m_carriedHeight = 0;
 };
 
 // A number at the beginning of a text, with a decimal point; 0 where there is none.

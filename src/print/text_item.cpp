@@ -49,6 +49,13 @@ ItemStyle& qcTextItem::change(bool dirty) {
     return style;
 }
 
+// A write that asks for no pagination, but what is drawn from now on is not what was measured.
+void qcTextItem::measuredOtherwise() {
+    m_measured = 0;
+    m_drawsAsMeasured = false;
+    m_style.constData()->engine->linesMoved();
+}
+
 float qcTextItem::outside(float twips, Axis axis) const {
     return static_cast<float>(fromTwips(twips, m_style->scaleMode, axis, m_style->engine->printer.size()));
 }
@@ -151,12 +158,12 @@ void qcTextItem::setUnderlineAll(int width) {
 }
 void qcTextItem::setScaleMode(long mode) {
     if (mode == m_style.constData()->scaleMode) return; // not a style of its own for nothing
-    m_measured = 0;                                     // the tags' values mean other lengths now
     change(false).scaleMode = mode;
+    measuredOtherwise(); // the tags' values mean other lengths now
 }
 void qcTextItem::setUseParsedText(bool use) {
-    m_measured = 0;
     change(false).useParsedText = use;
+    measuredOtherwise();
 }
 void qcTextItem::setFormHeight(float height) {
     change(false).formHeight = height;

@@ -162,6 +162,7 @@ class qcTextItem {
     explicit qcTextItem(const QSharedDataPointer<ItemStyle>& style) : m_style(style) {}
     void measure(std::u16string_view text); // GetSize of the text that it takes
     ItemStyle& change(bool dirty);          // the style, to be written to
+    void measuredOtherwise();
     float outside(float twips, Axis axis) const;
     float inside(float length, Axis axis) const;
 

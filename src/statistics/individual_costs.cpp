@@ -9,6 +9,7 @@ namespace vandrel {
 namespace {
 
 constexpr float bodySize = 10;
+constexpr int ruleLength = 100; // to the end of the last column at this size
 constexpr qsizetype nameLength = 45;
 constexpr int diagnoses = 5;
 
@@ -34,7 +35,7 @@ void institution(ListRun& run) {
     run.text(caption(u"kódja:"_s, u" </LINDENT>"_s)); // no code is printed, and that is wanted
     run.text(caption(u"bankszámlaszáma:"_s, account));
     run.text(caption(u"adóigazgatási azonosító száma:"_s, taxNumber));
-    run.rule(bodySize);
+    run.rule(bodySize, ruleLength);
 }
 
 struct Patient {
@@ -56,7 +57,7 @@ Patient patient(ListRun& run, qint64 id) {
     run.text(caption(u"neve:"_s, found.name));
     run.text(caption(u"TAJ:"_s, found.taj));
     run.text(caption(u"lakcíme:"_s, postalCode + u" - "_s + city + u", "_s + street));
-    run.rule(bodySize);
+    run.rule(bodySize, ruleLength);
     return found;
 }
 
@@ -163,7 +164,7 @@ void Egyeni_koltseg_nyom(ListRun& run) {
         endUnit();
     }
     run.blank();
-    run.rule(bodySize);
+    run.rule(bodySize, ruleLength);
     sumLine(run, 30, u"Költség összesen: "_s, listSums);
 }
 

@@ -25,7 +25,7 @@ void individualHead(ListRun& run, const QString& title) {
     run.blank();
     run.title(title);
     run.blank();
-    run.text(u"Időszak: "_s + run.request.from + u" - "_s + run.request.to);
+    run.period();
 }
 
 } // namespace
@@ -37,12 +37,6 @@ namespace {
 struct PatientCounts {
     double outpatient = 0;
     double inpatient = 0;
-};
-
-struct CodeOrder {
-    bool operator()(const QString& a, const QString& b) const {
-        return a.compare(b, Qt::CaseInsensitive) < 0;
-    }
 };
 
 QString countColumns(const PatientCounts& counts) {

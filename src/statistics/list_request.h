@@ -23,13 +23,13 @@ enum class StatisticsList {
 // The fields of the three panels as they stand; each list reads its own.
 struct ListRequest {
     bool allCategories = false; // lists 1 and 5
-    QStringList categories;     // ticked fee categories in their order; lists 1 and 5
-    QString category;           // lists 3 and 4
-    QString from;               // éééé.hh.nn. (lists 1 and 5) or éééé.hh
-    QString to;
-    QString fromCode; // first unit (lists 1, 4 and 5) or referrer (list 3)
-    QString toCode;
-    QString code; // TAJ (list 6) or unit (lists 7 and 8)
+    QStringList categories{};   // ticked fee categories in their order; lists 1 and 5
+    QString category{};         // lists 3 and 4
+    QString from{};             // éééé.hh.nn. (lists 1 and 5) or éééé.hh
+    QString to{};
+    QString fromCode{}; // first unit (lists 1, 4 and 5) or referrer (list 3)
+    QString toCode{};
+    QString code{}; // TAJ (list 6) or unit (lists 7 and 8)
 };
 
 enum class ListOutcome {

@@ -13,7 +13,6 @@ namespace {
 
 constexpr float titleSize = 14;
 constexpr float closingSize = 11;
-constexpr int ruleLength = 81;
 
 } // namespace
 
@@ -24,7 +23,7 @@ ListRun::ListRun(Workstation& workstation, const ListRequest& asked, ListWriter&
 
 void ListRun::turn(qint64 done, qint64 all) {
     const bool display = m_turn.displayDue();
-    if (display && m_progress.sheetsDone) m_progress.sheetsDone(done, all);
+    if ((display || done == all) && m_progress.sheetsDone) m_progress.sheetsDone(done, all);
     m_turn.serve();
     if (display && m_progress.stopWanted && m_progress.stopWanted() &&
         station.dialogue.ask(u"Megszakítja a lista készítését?"_s))
@@ -51,11 +50,10 @@ void ListRun::eachRow(DataFile file, std::string_view table, std::string_view co
             if (found.next()) row(found);
         });
         ++done;
-        if (!m_turn.due()) continue;
+        if (done < all && !m_turn.due()) continue;
         lock.reset();
         turn(done, all);
     }
-    if (m_progress.sheetsDone && all > 0) m_progress.sheetsDone(all, all);
 }
 
 bool ListRun::attempt(const std::function<void()>& statement) {
@@ -99,12 +97,16 @@ void ListRun::made() {
     text(u"Készült: "_s + format::shortDate(station.clock.today()));
 }
 
-void ListRun::rule(float points) {
-    m_writer.text(QString(ruleLength, u'_'), {.size = points});
+void ListRun::period() {
+    text(u"Időszak: "_s + request.from + u" - "_s + request.to);
 }
 
-QString at(int indent, const QString& text) {
-    return u"<LINDENT="_s + QString::number(indent) + u'>' + text + u"</LINDENT>"_s;
+void ListRun::rule(float points, int length) {
+    m_writer.text(QString(length, u'_'), {.size = points});
+}
+
+QString at(int indent, QStringView text) {
+    return TabbedLine({}).at(indent, text).text();
 }
 
 bool sameCode(const QString& a, const QString& b) {

@@ -50,11 +50,12 @@ class ListRun {
     void bold(const QString& line);
     void look(const QString& line, const LineLook& look) { m_writer.text(line, look); }
     void blank();
-    void title(const QString& line);   // bold and centred
-    void centred(const QString& line); // in the body's size
-    void closing(const QString& line); // bold, 11 points
-    void made();                       // "Készült: " and today
-    void rule(float points);           // 81 underscores
+    void title(const QString& line);          // bold and centred
+    void centred(const QString& line);        // in the body's size
+    void closing(const QString& line);        // bold, 11 points
+    void made();                              // "Készült: " and today
+    void period();                            // "Időszak: " and both dates
+    void rule(float points, int length = 81); // of underscores
     void row(const QStringList& cells) { m_writer.row(cells); }
     QString fitted(const QString& line, double millimetres) const {
         return m_writer.fitted(line, millimetres, m_body);
@@ -73,9 +74,37 @@ class ListRun {
 // --- parts of lines ----------------------------------------------------------------------------------------
 
 // A text at a tab stop, in millimetres from the item's left edge.
-QString at(int indent, const QString& text);
+QString at(int indent, QStringView text);
+// The same for lines that are written by the hundred thousand: the parts are put into one text.
+class TabbedLine {
+  public:
+    explicit TabbedLine(QStringView first) {
+        m_text.reserve(400);
+        m_text += first;
+    }
+    // The parts one behind the other at one tab stop.
+    template<class... Parts>
+    TabbedLine& at(int indent, const Parts&... parts) {
+        m_text += u"<LINDENT=";
+        m_text += QString::number(indent);
+        m_text += u'>';
+        (m_text.append(QStringView(parts)), ...);
+        m_text += u"</LINDENT>";
+        return *this;
+    }
+    const QString& text() const { return m_text; }
+
+  private:
+    QString m_text;
+};
 // Two codes name the same group: without regard to case and to blanks at the ends, as the order has them.
 bool sameCode(const QString& a, const QString& b);
+// The order of codes in the data files, for sums that are kept by code.
+struct CodeOrder {
+    bool operator()(const QString& a, const QString& b) const {
+        return a.compare(b, Qt::CaseInsensitive) < 0;
+    }
+};
 
 // The four figures of the lists that count points and money, and the sums of them.
 struct CostFigures {

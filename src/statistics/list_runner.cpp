@@ -88,7 +88,7 @@ ListOutcome made(Workstation& station, StatisticsList list, const ListRequest& r
                               chosen.noDataTitle ? QString::fromUtf16(chosen.noDataTitle) : programTitle);
         return ListOutcome::noData;
     }
-    DocumentWriter writer(document);
+    ListWriter writer(document);
     ListRun run(station, request, writer, progress, std::move(sheets), chosen.policy);
     chosen.produce(run);
     return ListOutcome::ready;

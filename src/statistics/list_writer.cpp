@@ -17,7 +17,7 @@ constexpr float smallestSize = 5;
 
 } // namespace
 
-void DocumentWriter::text(const QString& line, const LineLook& look) {
+void ListWriter::text(const QString& line, const LineLook& look) {
     TextLook full;
     full.fontName = listFont;
     full.fontSize = look.size;
@@ -27,11 +27,11 @@ void DocumentWriter::text(const QString& line, const LineLook& look) {
     m_document.AddText(line, full);
 }
 
-void DocumentWriter::row(const QStringList& cells) {
+void ListWriter::row(const QStringList& cells) {
     m_document.table().addRow(cells);
 }
 
-QString DocumentWriter::fitted(const QString& text, double millimetres, const LineLook& look) const {
+QString ListWriter::fitted(const QString& text, double millimetres, const LineLook& look) const {
     PrintEngine& engine = m_document.engine();
     const double room = toTwips(millimetres, scale_mode::millimetre, Axis::horizontal, engine.paper);
     const auto width = [&](float size) {

@@ -1,5 +1,5 @@
-// Where a producer puts its list: the stream of texts with their looks, and the same as rows of a table.
-// Behind it stands a document, or a recording in the tests.
+// Where a producer puts its list: the lines of a document with their looks, and the same as rows of its
+// table.
 #pragma once
 
 #include <QString>
@@ -8,10 +8,9 @@
 namespace vandrel {
 
 class qcPrinter;
-struct TextLook;
 
 struct LineLook {
-    float size = 9; // points
+    float size = 9; // points; every column of the lists keeps its place at this size
     bool bold = false;
     bool underline = false;
     bool centred = false;
@@ -19,24 +18,15 @@ struct LineLook {
 
 class ListWriter {
   public:
-    virtual ~ListWriter() = default;
+    explicit ListWriter(qcPrinter& document) : m_document(document) {}
 
     // One printed line, tags and all. A blank is a blank line.
-    virtual void text(const QString& line, const LineLook& look) = 0;
+    void text(const QString& line, const LineLook& look);
     // One row of the table; the first one is its heads.
-    virtual void row(const QStringList& cells) = 0;
-    // The text as it has to be written so that it stays within so many millimetres in a line of that size: a
+    void row(const QStringList& cells);
+    // The text as it has to be written so that it stays within so many millimetres in a line of that look: a
     // text too wide comes back between SIZE tags. Nothing is cut.
-    virtual QString fitted(const QString& text, double millimetres, const LineLook& look) const = 0;
-};
-
-class DocumentWriter : public ListWriter {
-  public:
-    explicit DocumentWriter(qcPrinter& document) : m_document(document) {}
-
-    void text(const QString& line, const LineLook& look) override;
-    void row(const QStringList& cells) override;
-    QString fitted(const QString& text, double millimetres, const LineLook& look) const override;
+    QString fitted(const QString& text, double millimetres, const LineLook& look) const;
 
   private:
     qcPrinter& m_document;

@@ -14,10 +14,6 @@ namespace {
 constexpr qsizetype nameLength = 55;
 constexpr double nameWidth = 79; // millimetres up to the next column
 
-QString periodLine(const ListRequest& request) {
-    return u"Időszak: "_s + request.from + u" - "_s + request.to;
-}
-
 // "Eset: " and the two lines of heads of lists 3 and 4.
 void costHeads(ListRun& run) {
     run.bold(u"Eset: "_s);
@@ -56,7 +52,7 @@ void Bekuldok_havi_nyom(ListRun& run) {
     const ListRequest& request = run.request;
     run.made();
     run.title(u"Havi összesítő a beküldőkről"_s);
-    run.text(periodLine(request));
+    run.period();
     run.text(u"Térítési kategória: "_s + request.category);
     run.text(u"Beküldő: "_s + request.fromCode + u" - "_s + request.toCode);
 
@@ -78,7 +74,7 @@ void Bekuldok_havi_nyom(ListRun& run) {
                     sumLine(run, groupSum, referrerSums);
                     run.blank();
                 }
-                run.bold(thisReferrer);
+                run.bold(thisReferrer.isEmpty() ? u" "_s : thisReferrer); // a line in any case
                 referrerSums = {};
                 referrer = thisReferrer;
                 first = false;
@@ -103,13 +99,7 @@ void Bekuldok_havi_nyom(ListRun& run) {
 
 namespace {
 
-// Summed quantities of one unit's procedures in the order of their codes, which compare without regard to
-// case.
-struct CodeOrder {
-    bool operator()(const QString& a, const QString& b) const {
-        return a.compare(b, Qt::CaseInsensitive) < 0;
-    }
-};
+// Summed quantities of one unit's procedures.
 using Quantities = std::map<QString, double, CodeOrder>;
 
 // Prints a unit's lines and gives their sums.
@@ -135,7 +125,7 @@ void Elvegz_beav_nyom(ListRun& run) {
     run.blank();
     run.title(u"Összesített lista az elvégzett beavatkozásokról"_s);
     run.blank();
-    run.text(periodLine(request));
+    run.period();
     run.text(u"Térítési kategória: "_s + request.category);
     run.text(u"Szakrendelő: "_s + request.fromCode + u" - "_s + request.toCode);
     run.blank();

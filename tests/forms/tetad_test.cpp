@@ -208,9 +208,9 @@ TEST_F(Tetad, StoredCorrectionWritesOverItsSheetWithoutAWord) {
     EXPECT_FALSE(form.isVisible());
 
     setUp.data().execute("update BETEG set FLOPPY=3");
-    SheetFields edited = form.fields();
-    edited.correction = true;
-    form.setFields(edited);
+    SheetFields fields = form.fields();
+    fields.correction = true;
+    form.setFields(fields);
     form.present();
     ASSERT_TRUE(showActive(form));
     fill({{"Jav", u"2"}});

@@ -132,6 +132,9 @@ TEST(Format, WritesDatesAndAmountsWhateverTheLocale) {
     EXPECT_EQ(format::thousands(12345), u"12\u00a0345"_s);
     EXPECT_EQ(format::thousands(1234567.5), u"1\u00a0234\u00a0568"_s);
     EXPECT_EQ(format::thousands(-2.5), u"-3"_s);
+    // A sum of money that the binary fraction misses by a hair.
+    EXPECT_EQ(format::thousands(750 * 1.15), u"863"_s);
+    EXPECT_EQ(format::thousands(862.4999), u"862"_s);
     EXPECT_EQ(format::percent(12.5), u"12,50 %"_s);
     EXPECT_EQ(format::percent(0.333), u"0,33 %"_s);
     EXPECT_TRUE(format::parseDate(u"2008.02.29."_s));

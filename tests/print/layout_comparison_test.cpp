@@ -28,7 +28,7 @@ class Dice {
 QString indent(Dice& dice, long mode) {
     const int most = dice.once(8) ? 20000 : dice.once(3) ? 4000 : 900; // twips
     const double value = fromTwips(dice.below(most), mode, Axis::horizontal, {3000, 3000});
-    return QString::number(dice.once(12) ? -value : value, 'g', 4 + dice.below(4));
+    return QString::number(dice.once(12) ? -value : value, 'f', dice.below(4));
 }
 
 QString tag(Dice& dice, long mode) {
@@ -64,7 +64,8 @@ QString tag(Dice& dice, long mode) {
         return QStringLiteral("<ALIGN=%1>")
             .arg(dice.pick({"LEFT", "right", "CENTRE", "center", "Justify", "JUSTIFY"}));
     case 4:
-        return QStringLiteral("<SIZE=%1>").arg(dice.pick({"10", "5", "12.5", "20", "8", "40", "999"}));
+        return QStringLiteral("<SIZE=%1>")
+            .arg(dice.once(60) ? QStringLiteral("999") : dice.pick({"10", "5", "12.5", "20", "8", "40"}));
     case 5:
         return dice.pick({"<FONT=Courier New>", "<FONT=Arial>", "<COLOR=#FF8000>", "<color=255>"});
     case 6:
@@ -104,7 +105,7 @@ QString text(Dice& dice, int pieces, int tags, long mode) {
 plain::Item item(Dice& dice, bool small) {
     plain::Item item;
     item.scaleMode = dice.once(3) ? 1 : dice.once(8) ? 11 : 6;
-    const int pieces = dice.once(12) ? 0 : 1 + dice.below(dice.once(6) ? 150 : small ? 12 : 40);
+    const int pieces = dice.once(12) ? 0 : 1 + dice.below(dice.once(6) ? 120 : small ? 12 : 40);
     item.text = text(dice, pieces, dice.once(4) ? 0 : 1 + dice.below(9), item.scaleMode);
     item.fontName = dice.pick({"Arial", "Arial", "Courier New"});
     item.fontSize = static_cast<float>(dice.once(3) ? 6 + dice.below(20) / 2.0 : 10);
@@ -168,7 +169,7 @@ void fill(qcTextItem& target, const plain::Item& from) {
 QString difference(const qcTextItem& item, const plain::Item& told) {
     QStringList all;
     const auto compare = [&](const char* name, double is, double should) {
-        if (std::abs(is - should) > 0.01)
+        if (std::abs(is - should) > 0.01 + std::abs(should) * 1e-6) // kept in single precision
             all << QStringLiteral("%1 is %2, not %3").arg(QLatin1String(name)).arg(is).arg(should);
     };
     compare("LineCount", item.LineCount(), told.lineCount);
@@ -226,10 +227,62 @@ QString difference(const RecordingPage& page, const RecordingPage& told) {
     return {};
 }
 
+// What differs first, in the items and on pages drawn in any order: the engine keeps where they begin.
+QString difference(qcPrinter& document, plain::Document& told, Dice& dice) {
+    int number = 0;
+    for (const plain::Item& should : told.items) {
+        const QString wrong = difference(document.TextItem().Item(++number), should);
+        if (!wrong.isEmpty())
+            return QStringLiteral("item %1: %2 in \"%3\"").arg(number).arg(wrong, should.text.left(300));
+    }
+    const int pages = document.Pages();
+    const int draws = pages > 60 ? 2 : std::min(pages + 1, 5);
+    for (int draw = 0; draw < draws; ++draw) {
+        const int first = 1 + dice.below(std::max(pages, 1));
+        const int last = draw == 0 ? std::min(first + 5, pages) : first;
+        RecordingPage is, should;
+        document.WalkDocument(is, first, last);
+        told.walk(should, first, last);
+        const QString wrong = difference(is, should);
+        if (!wrong.isEmpty()) return QStringLiteral("page %1 of %2: %3").arg(first).arg(pages).arg(wrong);
+    }
+    return {};
+}
+
+// The same write to both.
+int change(qcPrinter& document, plain::Document& told, Dice& dice) {
+    const int kind = dice.below(told.items.empty() ? 4 : 12);
+    if (kind == 0) {
+        document.setMarginLeft(static_cast<float>(told.marginLeft += 100));
+    } else if (kind == 1) {
+        document.setMarginBottom(static_cast<float>(told.marginBottom += 100));
+    } else if (kind == 2) {
+        document.setAppName(told.appName = QStringLiteral("a\nb\nc"));
+    } else if (kind == 3) {
+        document.Header(4).setText(told.headers[4].text = QStringLiteral("a\nb"));
+        document.Pages();
+        told.paginate();
+        document.setSetHeader(4, told.setHeader[4] = !told.setHeader[4]); // does not ask for a pagination
+    } else {
+        const auto index = static_cast<std::size_t>(dice.below(static_cast<int>(told.items.size())));
+        plain::Item& should = told.items[index];
+        qcTextItem& is = document.TextItem().Item(static_cast<int>(index) + 1);
+        if (kind == 4) is.setText(should.text = text(dice, 10, 5, 6));
+        if (kind == 5) is.setAlignment(should.alignment = dice.below(4));
+        if (kind == 6) is.setShowBorder(should.showBorder = !should.showBorder);
+        if (kind == 7) is.setScaleMode(should.scaleMode = should.scaleMode == 6 ? 7 : 6);
+        if (kind == 8) is.setNewPage(should.newPage = dice.below(4));
+        if (kind == 9) is.setFontColor(should.color = 77);
+        if (kind == 10) is.setAbsolute(should.absolute = !should.absolute);
+        if (kind == 11) is.setAbsPage(should.absPage = 1);
+    }
+    return kind;
+}
+
 // What differs first in the document of that seed.
 QString differenceOf(unsigned seed, int& pages) {
     Dice dice(seed);
-    const bool tiny = dice.once(3);
+    const bool tiny = dice.once(6);
     PaperSize paper{3000.0 + dice.below(5000), 2000.0 + dice.below(6000)};
     if (tiny) paper = {1500.0 + dice.below(900), 1000.0 + dice.below(900)};
     PrintStand stand(paper.width, paper.height);
@@ -274,35 +327,24 @@ QString differenceOf(unsigned seed, int& pages) {
     pages = document.Pages();
     if (const int should = told.paginate(); pages != should)
         return QStringLiteral("%1 pages, not %2").arg(pages).arg(should);
-    int number = 0;
-    for (const plain::Item& should : told.items) {
-        ++number;
-        const QString wrong = difference(document.TextItem().Item(number), should);
-        if (!wrong.isEmpty())
-            return QStringLiteral("item %1: %2 in \"%3\"").arg(number).arg(wrong, should.text.left(300));
+    QString wrong = difference(document, told, dice);
+    // Something is written, and what was found out before must not be taken for true any more.
+    for (int write = 0; write < 2 && pages < 100 && wrong.isEmpty(); ++write) {
+        const int kind = change(document, told, dice);
+        if (stand.engine.NeedsPaging) told.paginate();
+        pages = document.Pages();
+        wrong = pages == told.pages() ? difference(document, told, dice)
+                                      : QStringLiteral("%1 pages, not %2").arg(pages).arg(told.pages());
+        if (!wrong.isEmpty()) wrong = QStringLiteral("after change %1: %2").arg(kind).arg(wrong);
     }
-    // Pages in any order: the engine keeps where they begin.
-    for (int draw = 0; draw < std::min(pages + 1, 8); ++draw) {
-        const int page = pages <= 7 ? (draw * 3) % std::max(pages, 1) + 1 : 1 + dice.below(pages);
-        RecordingPage is, should;
-        document.PreviewPage(is, page);
-        told.walk(should, page, page);
-        const QString wrong = difference(is, should);
-        if (!wrong.isEmpty()) return QStringLiteral("page %1 of %2: %3").arg(page).arg(pages).arg(wrong);
-    }
-    RecordingPage is, should;
-    const int first = 1 + dice.below(2);
-    document.WalkDocument(is, first, pages);
-    told.walk(should, first, pages);
-    const QString wrong = difference(is, should);
-    return wrong.isEmpty() ? wrong : QStringLiteral("all pages: ") + wrong;
+    return wrong;
 }
 
 } // namespace
 
 TEST(PrintComparison, EngineLaysOutAsThePlainWalk) {
     int failures = 0, allPages = 0;
-    for (unsigned seed = 1; seed <= 3000 && failures < 5; ++seed) {
+    for (unsigned seed = 1; seed <= 1500 && failures < 5; ++seed) {
         int pages = 0;
         const QString wrong = differenceOf(seed, pages);
         allPages += pages;

@@ -348,7 +348,7 @@ int Document::drawItem(const Item& item, const QString& text, PageTarget& target
         scan.avail = right - left - lineLeft - lineRight;
         if (!scan.find()) break;
         if (mustFit && m_y + scan.height > bottom + 0.001) return static_cast<int>(scan.start) + 1;
-        mustFit = true;
+        mustFit = mustFit || !scan.forced; // the first line of a new page is drawn in any case
         const double excess = scan.avail - scan.width;
         const long alignment = scan.endState.alignment;
         double x = left + lineLeft;

@@ -92,7 +92,8 @@ class RecordingPage : public PageTarget {
                          run.face->spec(),
                          run.underline,
                          run.color,
-                         run.natural});
+                         run.natural,
+                         run.xs.empty() ? 0 : run.xs.back() + run.face->width(run.text.right(1))});
     }
     void rule(double left, double right, double y, double width, long color) override {
         rules.push_back({left, right, y, width, color});

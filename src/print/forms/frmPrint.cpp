@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -161,26 +162,17 @@ QWidget* frmPrint::makeButtons() {
     return strip;
 }
 
-// Enter goes on everywhere; lists and options keep their own arrows.
 void frmPrint::chainFields() {
-    const auto enterGoesOn = [this](QWidget* field) {
-        FieldBehaviour behaviour;
-        behaviour.key = [this, field](int key) {
-            if (key != Qt::Key_Return) return false;
-            m_chain->goNext(field);
-            return true;
-        };
-        m_chain->adopt(field, behaviour);
-    };
     FieldBehaviour numeric;
     numeric.numeric = true;
-    enterGoesOn(m_printers);
-    for (QRadioButton* option : {m_all, m_thisPage, m_rangeOption})
-        enterGoesOn(option);
     m_chain->add(m_from, numeric);
     m_chain->add(m_to, numeric);
+    numeric.key = [this](int key) { // on to the tick, which is no field of the chain
+        if (key != Qt::Key_Return && key != Qt::Key_Down) return false;
+        m_collate->setFocus();
+        return true;
+    };
     m_chain->add(m_copies, numeric);
-    enterGoesOn(m_collate);
     m_chain->add(m_print, pressOnEnter(m_print));
     m_chain->add(m_cancel, pressOnEnter(m_cancel));
     QWidget* before = m_printers;
@@ -189,6 +181,14 @@ void frmPrint::chainFields() {
         setTabOrder(before, field);
         before = field;
     }
+}
+
+// The list, the options and the tick have arrows of their own, and Enter goes on.
+void frmPrint::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        focusNextChild();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void frmPrint::setPageCurrent(int page) {

@@ -44,6 +44,7 @@ class frmPrint : public QDialog {
     bool PrintDoc() const { return m_printDoc; }
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:

@@ -109,9 +109,13 @@ void PreviewArea::drawPicture() {
     const double wide = std::max(std::round(pixels(m_scaling.copy.width) * ratio), 1.0);
     const double high = std::max(std::round(pixels(m_scaling.copy.height) * ratio), 1.0);
     m_drawnAnew = false;
-    m_picture = {};
-    if (wide * high > largestPicture) return;
-    m_picture = QImage(static_cast<int>(wide), static_cast<int>(high), QImage::Format_RGB32);
+    if (wide * high > largestPicture) {
+        m_picture = {};
+        return;
+    }
+    const QSize size(static_cast<int>(wide), static_cast<int>(high));
+    // The same memory again: at a large zoom taking it anew costs as much as the drawing.
+    if (m_picture.size() != size) m_picture = QImage(size, QImage::Format_RGB32);
     if (m_picture.isNull()) return;
     m_picture.setDevicePixelRatio(ratio);
     m_picture.fill(Qt::white);
@@ -146,7 +150,7 @@ void PreviewArea::paintEvent(QPaintEvent*) {
 }
 
 void PreviewArea::resizeEvent(QResizeEvent*) {
-    rescale();
+    if (!window()->isMinimized() && height() > 0) rescale();
 }
 
 void PreviewArea::keyPressEvent(QKeyEvent* event) {

@@ -1,0 +1,278 @@
+// The eight lists as they come into the document, compared line by line with files that were written from
+// their description; and what happens around them: no data, a stop, faults.
+#include "print/qc_printer.h"
+#include "statistics/list_runner.h"
+#include "support/print_stand.h"
+#include "support/statistics_data.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace vandrel::test {
+
+namespace {
+
+// All characters are narrow: no text of the clinic is too wide for its column.
+class NarrowMeter : public TextMeter {
+  protected:
+    class NarrowFace : public Face {
+      public:
+        explicit NarrowFace(const FontSpec& spec) : Face(spec, 240, 180) {}
+
+      protected:
+        double measure(char32_t) const override { return 20; }
+    };
+    std::unique_ptr<Face> makeFace(const FontSpec& spec) override {
+        return std::make_unique<NarrowFace>(spec);
+    }
+};
+
+ListRequest clinicRequest(StatisticsList list) {
+    switch (list) {
+    case StatisticsList::trafficLog:
+    case StatisticsList::referrersItemised:
+        return {.allCategories = true,
+                .from = u"2008.03.01."_s,
+                .to = u"2008.03.31."_s,
+                .fromCode = u"010000001"_s,
+                .toCode = u"020000002"_s};
+    case StatisticsList::referrersMonthly:
+        return {.category = u"01"_s,
+                .from = u"2008.03"_s,
+                .to = u"2008.03"_s,
+                .fromCode = u"B1"_s,
+                .toCode = u"X9"_s};
+    case StatisticsList::proceduresDone:
+        return {.category = u"01"_s,
+                .from = u"2008.03"_s,
+                .to = u"2008.03"_s,
+                .fromCode = u"010000001"_s,
+                .toCode = u"020000002"_s};
+    case StatisticsList::individualCosts:
+        return {.from = u"2008.03"_s, .to = u"2008.03"_s, .code = u"123456788 "_s};
+    default:
+        return {.from = u"2008.03"_s, .to = u"2008.03"_s, .code = u"010000001"_s};
+    }
+}
+
+class ListsTest : public ::testing::Test {
+  protected:
+    ListsTest() { addStatisticsData(clinic); }
+
+    ListOutcome run(StatisticsList list, const ListRequest& request, const ListProgress& progress = {}) {
+        return runList(clinic.workstation, list, request, document, progress);
+    }
+    ListOutcome run(StatisticsList list) { return run(list, clinicRequest(list)); }
+
+    // Each item as its size, b(old), u(nderlined), c(entred) and text; no-break spaces show as a dot. Behind
+    // them the rows of the table.
+    QString written() {
+        QString all;
+        for (const qcTextItem& item : document.TextItem()) {
+            EXPECT_EQ(item.FontName(), u"Times New Roman"_s);
+            all += QString::number(item.FontSize());
+            if (item.FontBold()) all += u'b';
+            if (item.FontUnderline()) all += u'u';
+            if (item.Alignment() == item_alignment::centre) all += u'c';
+            all += u'|' + item.Text() + u'\n';
+        }
+        all.replace(QChar::Nbsp, u'·');
+        const QString file = clinic.path(u"table.csv"_s);
+        document.table().save(file, DocumentTable::Encoding::utf8);
+        QString rows = QString::fromUtf8(fileBytes(file)).remove(QChar::ByteOrderMark);
+        return all + u"--- table\n"_s + rows.replace(u"\r\n"_s, u"\n"_s);
+    }
+    bool empty() { return document.ItemCount() == 0 && document.table().isEmpty(); }
+
+    void removeFile(DataFile file) {
+        clinic.workstation.files.close(file);
+        ASSERT_TRUE(QFile::remove(clinic.workstation.files.path(file)));
+    }
+    QString scratchSum() {
+        return firstText(clinic.workstation.files[DataFile::tetseged], "select sum(MENNY) from EUSZOLG");
+    }
+
+    TestWorkstation clinic;
+    ExpectedDialogue& dialogue = clinic.dialogue;
+    PrintStand stand;
+    NarrowMeter meter;
+    PrintEngine engine{meter, stand.printers, stand.clock};
+    qcPrinter document{engine};
+};
+
+} // namespace
+
+TEST_F(ListsTest, EachListIsWrittenAsDescribed) {
+    // One after the other into the same document: nothing of a list stays in the next one.
+    for (int number = 1; number <= 8; ++number) {
+        SCOPED_TRACE(number);
+        ASSERT_EQ(run(static_cast<StatisticsList>(number)), ListOutcome::ready);
+        const QString golden =
+            QString::fromUtf8(fileBytes(QStringLiteral(VANDREL_GOLDEN_DIR "/list%1.txt").arg(number)));
+        const QStringList wanted = golden.split(u'\n');
+        const QStringList found = written().split(u'\n');
+        for (qsizetype line = 0; line < std::min(wanted.size(), found.size()); ++line)
+            ASSERT_EQ(found[line], wanted[line]) << "line " << line + 1;
+        ASSERT_EQ(found.size(), wanted.size());
+    }
+}
+
+TEST_F(ListsTest, TheDocumentBeginsWithItsMarginsAndFooter) {
+    document.setMarginLeft(3);
+    ASSERT_EQ(run(StatisticsList::unitPerformance), ListOutcome::ready);
+    EXPECT_EQ(document.ScaleMode(), scale_mode::millimetre);
+    EXPECT_EQ(document.MarginLeft(), 20);
+    for (const float margin : {document.MarginRight(), document.MarginTop(), document.MarginBottom()})
+        EXPECT_EQ(margin, 10);
+    for (const int slot : {0, 2, 3}) {
+        const qcTextItem& footer = document.Footer(slot);
+        EXPECT_EQ(footer.Text(), u"#pagenumber# / #pagetotal# .oldal"_s);
+        EXPECT_EQ(footer.FontName(), u"Times New Roman"_s);
+        EXPECT_EQ(footer.FontSize(), 10);
+        EXPECT_TRUE(footer.FontBold());
+        EXPECT_EQ(footer.Alignment(), item_alignment::centre);
+        EXPECT_EQ(document.SetFooter(slot), slot != 0);
+    }
+}
+
+TEST_F(ListsTest, WithoutDataTheUserIsToldOrTheListStaysEmpty) {
+    struct Case {
+        StatisticsList list;
+        QString message, title;
+    };
+    const QString nothing = u"Nincs nyomtatható adat!"_s;
+    for (const Case& c :
+         {Case{StatisticsList::trafficLog, nothing, u"Hiba"_s},
+          Case{StatisticsList::referrersMonthly, nothing, programTitle},
+          Case{StatisticsList::proceduresDone, nothing, programTitle},
+          Case{StatisticsList::referrersItemised, nothing, u"Hiba"_s},
+          Case{StatisticsList::individualCosts, u"Nincs ilyen TAJ számú beteg!"_s, programTitle}}) {
+        SCOPED_TRACE(c.message.toStdString());
+        ListRequest request = clinicRequest(c.list);
+        request.from = request.to = u"2009.01"_s;
+        dialogue.expect(c.message, c.title);
+        EXPECT_EQ(run(c.list, request), ListOutcome::noData);
+        EXPECT_TRUE(dialogue.allShown());
+        EXPECT_TRUE(empty());
+    }
+    for (const StatisticsList list : {StatisticsList::combined, StatisticsList::visitFees}) {
+        ListRequest request = clinicRequest(list);
+        request.from = request.to = u"2009.01"_s;
+        EXPECT_EQ(run(list, request), ListOutcome::ready);
+        EXPECT_TRUE(written().contains(u"munkahely összesen: </LINDENT>"_s));
+    }
+}
+
+TEST_F(ListsTest, OnlySheetsWithoutLinesGiveSumsOfNothing) {
+    clinic.data().executeScript("delete from EUSZOLG");
+    for (const StatisticsList list : {StatisticsList::referrersMonthly, StatisticsList::proceduresDone}) {
+        ASSERT_EQ(run(list), ListOutcome::ready);
+        const QString all = written();
+        EXPECT_FALSE(all.contains(u"Szakrendelő összesen:"_s));
+        EXPECT_TRUE(all.contains(u"<LINDENT=150>0</LINDENT>\n--- table"_s)) << all.toStdString();
+    }
+}
+
+TEST_F(ListsTest, TheUserMayBreakAListOff) {
+    const QString before = scratchSum();
+    int asked = 0;
+    qint64 done = 0, all = 0;
+    ListProgress progress;
+    progress.stopWanted = [&] { return ++asked > 0; };
+    progress.sheetsDone = [&](qint64 sheets, qint64 of) {
+        done = sheets;
+        all = of;
+    };
+    for (const StatisticsList list : {StatisticsList::trafficLog, StatisticsList::referrersMonthly}) {
+        const qint64 sheets = list == StatisticsList::trafficLog ? 5 : 3;
+        dialogue.expectQuestion(u"Megszakítja a lista készítését?"_s, Answer::yes);
+        EXPECT_EQ(run(list, clinicRequest(list), progress), ListOutcome::stopped);
+        EXPECT_TRUE(empty());
+        EXPECT_EQ(scratchSum(), before); // what was copied so far is not kept
+        EXPECT_EQ(done, sheets);
+        EXPECT_EQ(all, sheets);
+    }
+    asked = 0;
+    dialogue.expectQuestion(u"Megszakítja a lista készítését?"_s, Answer::no);
+    EXPECT_EQ(run(StatisticsList::trafficLog, clinicRequest(StatisticsList::trafficLog), progress),
+              ListOutcome::ready);
+    EXPECT_EQ(asked, 1);
+    EXPECT_FALSE(empty());
+}
+
+TEST_F(ListsTest, NothingIsLockedWhileTheEventLoopRuns) {
+    int turns = 0;
+    Database other(clinic.workstation.files.path(DataFile::tetdata));
+    clinic.workstation.serveEvents = [&] {
+        ++turns;
+        other.execute("delete from BETEG where AZONOSITO='A010000001'");
+    };
+    // List 3 walks its sheets first, then the copies of their lines: the sheet's lines are copied by then.
+    ASSERT_EQ(run(StatisticsList::referrersMonthly), ListOutcome::ready);
+    EXPECT_GE(turns, 2);
+    EXPECT_TRUE(written().contains(u"9b|X9\n"_s));
+    ASSERT_EQ(run(StatisticsList::trafficLog), ListOutcome::ready);
+    EXPECT_TRUE(written().contains(u"Munkahely összesen:  4\n"_s));
+}
+
+TEST_F(ListsTest, TheItemisedListsGoOnOverFailingStatements) {
+    removeFile(DataFile::beav);
+    removeFile(DataFile::tetmod);
+    ASSERT_EQ(run(StatisticsList::referrersItemised), ListOutcome::ready);
+    EXPECT_TRUE(written().contains(u"9|<LINDENT=5>11041<LINDENT=15> </LINDENT><LINDENT=140>10*0\n"_s));
+    clinic.data().executeScript("drop table EUSZOLG");
+    ASSERT_EQ(run(StatisticsList::trafficLog), ListOutcome::ready);
+    EXPECT_TRUE(written().contains(u"<b>Munkahely: <LINDENT=30>010000001 </LINDENT></b>"_s));
+    EXPECT_TRUE(written().contains(u"11b|Munkahely összesen:  5\n"_s));
+    // Without the sheets themselves there is no list to go on with.
+    clinic.data().executeScript("drop table BETEG");
+    dialogue.expect(u"Hiba lépett fel a nyomtatás során! %1\n"_s.arg(fault::tableMissing) +
+                        u"tetdata.mdb: hiányzó tábla (no such table: BETEG)"_s,
+                    programTitle, Icon::warning);
+    EXPECT_EQ(run(StatisticsList::trafficLog), ListOutcome::failed);
+    EXPECT_TRUE(empty());
+}
+
+TEST_F(ListsTest, AFaultEndsTheOtherLists) {
+    removeFile(DataFile::beav);
+    const QString before = scratchSum();
+    for (const StatisticsList list : {StatisticsList::referrersMonthly, StatisticsList::proceduresDone,
+                                      StatisticsList::individualCosts, StatisticsList::combined}) {
+        dialogue.expect(u"Hiba lépett fel a nyomtatás során! %1\nNem található a beav.mdb állomány!"_s.arg(
+                            fault::dataFileMissing),
+                        programTitle, Icon::warning);
+        EXPECT_EQ(run(list), ListOutcome::failed);
+        EXPECT_TRUE(empty());
+    }
+}
+
+TEST_F(ListsTest, WithoutAnyPrinter) {
+    stand.printers.entries.clear();
+    for (const StatisticsList list : {StatisticsList::unitPerformance, StatisticsList::visitFees}) {
+        dialogue.expect(u"Nincs telepítve nyomtató, Ambuláns adatlap nem nyomtatható ki!"_s);
+        EXPECT_EQ(run(list), ListOutcome::failed);
+        EXPECT_TRUE(empty());
+    }
+    EXPECT_EQ(run(StatisticsList::trafficLog), ListOutcome::ready);
+}
+
+TEST_F(ListsTest, ATextTooWideForItsColumnIsSetSmallerAndNotCut) {
+    const QString name = u"Őrgróf Pallavicininé Nagy-Kovács Erzsébet Mária"_s;
+    clinic.data().execute("update Paciensek set Neve=?1 where ID=1", name);
+    FixedMeter wide; // 90 twips a character at 9 points
+    PrintEngine wideEngine{wide, stand.printers, stand.clock};
+    qcPrinter page(wideEngine);
+    const StatisticsList list = StatisticsList::visitFees;
+    ASSERT_EQ(runList(clinic.workstation, list, clinicRequest(list), page, {}), ListOutcome::ready);
+    const QString line = page.TextItem().Item(12).Text();
+    const QString caption = name + u" (123456788)"_s;
+    const double room = 79 * 56.7;
+    QString size = line.mid(6, line.indexOf(u'>') - 6);
+    ASSERT_TRUE(line.startsWith(u"<SIZE="_s + size + u'>' + caption + u"</SIZE><LINDENT=80>"_s))
+        << line.toStdString();
+    EXPECT_LE(wide.face({u"Times New Roman"_s, size.toFloat(), false, false}).width(caption), room);
+    EXPECT_GT(wide.face({u"Times New Roman"_s, size.toFloat() + 0.5F, false, false}).width(caption), room);
+}
+
+} // namespace vandrel::test
