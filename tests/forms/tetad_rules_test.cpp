@@ -189,9 +189,8 @@ TEST_F(TetadOther, CapacityNeedsPatientAndMainDiagnosis) {
     // Esc: back one field in the counts, out of the frame elsewhere.
     go("Gyogyfurd");
     pressKey(Qt::Key_Delete);
-    for (const char* name : {"Gyogyseg", "Recept", "Utkltg"}) {
+    for (const char* name : {"Gyogyseg", "Recept", "Utkltg"})
         EXPECT_EQ(pressKey(Qt::Key_Escape), QString::fromLatin1(name));
-    }
     EXPECT_EQ(text("Gyogyfurd"), u"0"_s);
     EXPECT_EQ(pressKey(Qt::Key_Escape), u"Diag1"_s);
 }
