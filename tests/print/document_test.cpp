@@ -48,15 +48,6 @@ struct DocumentTest : testing::Test {
     }
 };
 
-int faultOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Fault& fault) {
-        return fault.number();
-    }
-    return 0;
-}
-
 } // namespace
 
 TEST_F(DocumentTest, StartsWithDefaultsAndTellsWhichWritesMoveLines) {
