@@ -20,6 +20,7 @@ std::vector<double> run(const QString& folder, const QStringList& words) {
     std::vector<double> figures;
     const QStringList printed =
         runChild(ownProgram(), QStringList{QStringLiteral("--list")} + words, folder).output.split(u' ');
+    std::fprintf(stderr, "%s: %s\n", qUtf8Printable(words.first()), qUtf8Printable(printed.join(u' ')));
     for (const QString& figure : printed)
         figures.push_back(figure.toDouble());
     return figures;
@@ -123,7 +124,17 @@ void measureDocument(Table& table, const QString& folder, int sheets, int rounds
     table.single(name + QStringLiteral(": peak after the layout"), megabytes(peakOfLayout));
 }
 
-void measurePreview(Table& table, const QString& folder, int sheets, int rounds) {
+} // namespace
+
+void measureLists(Table& table, const QString& workFolder, int rounds) {
+    QDir().mkpath(workFolder);
+    for (const int sheets : {10'000, 100'000})
+        measureDocument(table, workFolder, sheets, rounds);
+}
+
+void measurePreview(Table& table, const QString& folder, int rounds) {
+    constexpr int sheets = 100'000;
+    QDir().mkpath(folder);
     const QString name = QStringLiteral("preview of %1 sheets").arg(QLocale::c().toString(sheets));
     std::vector<std::vector<double>> columns(11);
     for (int round = 0; round < rounds; ++round) {
@@ -147,7 +158,8 @@ void measurePreview(Table& table, const QString& folder, int sheets, int rounds)
     page("the same pages again, worst", 10);
 }
 
-void measureStored(Table& table, const QString& clinic, const QString& folder, int rounds) {
+void measureStoredList(Table& table, const QString& clinic, const QString& folder, int rounds) {
+    QDir().mkpath(folder);
     const QString name = QStringLiteral("list of the 100,000 stored sheets");
     Pairs made, paged, memory;
     std::vector<double> before, elapsed;
@@ -181,16 +193,6 @@ void measureStored(Table& table, const QString& clinic, const QString& folder, i
     table.pairs(name + QStringLiteral(": peak memory / floor's"), memory, QStringLiteral("MB"), 1,
                 QStringLiteral("150 MB"));
     table.single(name + QStringLiteral(": memory before it"), megabytes(before));
-}
-
-} // namespace
-
-void measureLists(Table& table, const QString& clinic, const QString& workFolder, int rounds) {
-    QDir().mkpath(workFolder);
-    for (const int sheets : {10'000, 100'000})
-        measureDocument(table, workFolder, sheets, rounds);
-    measurePreview(table, workFolder, 100'000, rounds);
-    measureStored(table, clinic, workFolder, rounds);
 }
 
 } // namespace vandrel::bench
