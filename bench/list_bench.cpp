@@ -53,7 +53,7 @@ void add(Pairs& pairs, double program, double floor) {
 }
 
 void measureDocument(Table& table, const QString& folder, int sheets, int rounds) {
-    const QString name = QStringLiteral("list of %1 sheets").arg(QLocale::c().toString(sheets));
+    const QString name = QStringLiteral("list of %1 sheets").arg(QLocale(QLocale::English).toString(sheets));
     const QString count = QString::number(sheets);
     const QString seconds = QStringLiteral("s");
     Pairs layout, layoutOfDocument, painting, writing, whole, memory, size;
@@ -72,8 +72,8 @@ void measureDocument(Table& table, const QString& folder, int sheets, int rounds
         if (bare[1] != ours[3]) std::abort();
         for (std::size_t i = 0; i < pdfs.size(); ++i) {
             const qint64 bytes = QFileInfo(QDir(folder).filePath(QLatin1String(pdfs[i]))).size();
-            // Reading a PDF takes longer than writing it: the files of the later rounds are the same.
-            if (round == 0) requireAllSheets(folder, QLatin1String(pdfs[i]), sheets);
+            // Reading a PDF takes longer than writing it, and the files of all rounds are the same.
+            if (round == rounds - 1) requireAllSheets(folder, QLatin1String(pdfs[i]), sheets);
             if (round > 0 && bytes != sizes[i]) {
                 std::fprintf(stderr, "%s differs from round to round\n", pdfs[i]);
                 std::exit(1);
@@ -135,7 +135,8 @@ void measureLists(Table& table, const QString& workFolder, int rounds) {
 void measurePreview(Table& table, const QString& folder, int rounds) {
     constexpr int sheets = 100'000;
     QDir().mkpath(folder);
-    const QString name = QStringLiteral("preview of %1 sheets").arg(QLocale::c().toString(sheets));
+    const QString name =
+        QStringLiteral("preview of %1 sheets").arg(QLocale(QLocale::English).toString(sheets));
     std::vector<std::vector<double>> columns(11);
     for (int round = 0; round < rounds; ++round) {
         const auto figures = run(folder, {QStringLiteral("preview"), QString::number(sheets)});
