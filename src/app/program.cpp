@@ -14,6 +14,7 @@
 #include "settings/forms/kornyform.h"
 #include "sheet/forms/tetad.h"
 #include "sheet/sheet_fields.h"
+#include "statistics/forms/statisztForm.h"
 
 #include <QDir>
 
@@ -41,8 +42,20 @@ void openReport(Program& program, const MenuEntry& entry) {
     program.openForm<levForm>(menuText(entry.code));
 }
 
+void openList(Program& program, const MenuEntry& entry) {
+    program.openForm<statisztForm>(entry);
+}
+
 constexpr Wiring wirings[] = {
     {"adfelv", openNewSheet},
+    {"betforg", openList},
+    {"haviosszmunk", openList},
+    {"haviossz", openList},
+    {"osszlist", openList},
+    {"tetlist", openList},
+    {"egyktgki", openList},
+    {"osszlisn", openList},
+    {"vizdijstatmenu", openList},
     {"er", openReport},
     {"flmen", openPlain<flujForm>},
     {"int", openPlain<intad>},
@@ -55,6 +68,7 @@ constexpr Wiring wirings[] = {
 Program::Program(Workstation& station, std::function<bool()> otherInstanceRuns)
     : m_station(station), m_otherInstanceRuns(std::move(otherInstanceRuns)) {
     m_station.statusNote = &m_statusWindow;
+    if (m_station.printing == nullptr) m_printing = std::make_unique<Printing>(m_station);
     if (!m_station.serveEvents) m_station.serveEvents = [] { QCoreApplication::processEvents(); };
     m_mainWindow = std::make_unique<tetindul>(
         m_station, tetindul::Surroundings{m_otherInstanceRuns, [this] { end(); }, applySeeThrough});
@@ -78,6 +92,11 @@ void Program::wire() {
 bool Program::start() {
     code_page::requireCodec();
     if (!examineDataFiles(m_station)) return false;
+    // Sheets can be typed without the page's faces too; lists would break their lines elsewhere.
+    deliverShowingFaults(&m_station.dialogue, [] {
+        requirePageFonts();
+        return true;
+    });
     // Another instance may be in the middle of a store; this one ends in a moment anyway.
     if (!m_otherInstanceRuns())
         deliverShowingFaults(&m_station.dialogue, [this] {

@@ -3,6 +3,7 @@
 // demonstration drive the very same windows.
 #pragma once
 
+#include "app/printing.h"
 #include "foundation/forms/tetindul.h"
 #include "foundation/forms/work_form.h"
 #include "foundation/workstation.h"
@@ -17,7 +18,8 @@ namespace vandrel {
 
 class Program {
   public:
-    // otherInstanceRuns is asked at every activation of the main window.
+    // The print engine is made here, unless the station brings one. otherInstanceRuns is asked at every
+    // activation of the main window.
     Program(Workstation& station, std::function<bool()> otherInstanceRuns);
     ~Program();
     Program(const Program&) = delete;
@@ -56,6 +58,7 @@ class Program {
     void end();
 
     Workstation& m_station;
+    std::unique_ptr<Printing> m_printing;
     nemform m_statusWindow;
     std::unique_ptr<tetindul> m_mainWindow;
     std::function<bool()> m_otherInstanceRuns;

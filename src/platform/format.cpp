@@ -64,7 +64,10 @@ std::optional<QDate> parseDate(const QString& text) {
 }
 
 QString thousands(double value) {
-    const double rounded = std::round(value); // half away from zero
+    // Rounded is what the number says, at the digits that number() writes: 750 times 1.15 is 862.5, although
+    // the product of the two binary fractions lies a hair below.
+    const double said = value == std::floor(value) ? value : QString::number(value, 'g', 15).toDouble();
+    const double rounded = std::round(said); // half away from zero
     const QString digits = QString::number(std::fabs(rounded), 'f', 0);
     return (rounded < 0 ? QStringLiteral("-") : QString()) + grouped(digits);
 }

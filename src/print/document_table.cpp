@@ -10,6 +10,7 @@ namespace vandrel {
 
 namespace {
 
+constexpr qsizetype blockSize = 1 << 18;
 constexpr const char* byteOrderMark = "\xEF\xBB\xBF";
 
 std::string_view view(const QByteArray& bytes, qsizetype from, qsizetype to) {
@@ -39,6 +40,7 @@ QString quoted(const QString& cell) {
 } // namespace
 
 void DocumentTable::clear() {
+    m_packed.clear();
     m_csv.clear();
     m_rows = 0;
 }
@@ -51,13 +53,27 @@ void DocumentTable::addRow(const QStringList& cells) {
     }
     m_csv += "\r\n";
     ++m_rows;
+    if (m_csv.size() >= blockSize) pack();
+}
+
+void DocumentTable::pack() {
+    m_packed.push_back(qCompress(m_csv, 1));
+    m_csv.clear();
+    m_csv.reserve(blockSize + blockSize / 4);
+}
+
+template<class Take>
+void DocumentTable::eachBlock(Take take) const {
+    for (const QByteArray& block : m_packed)
+        take(qUncompress(block));
+    take(m_csv);
 }
 
 qint64 DocumentTable::unencodable(Encoding encoding) const {
     if (encoding == Encoding::utf8) return 0;
     qint64 count = 0;
     std::string bytes;
-    forEachLine(m_csv, [&](std::string_view line) {
+    const auto countLine = [&](std::string_view line) {
         bytes.clear();
         if (code_page::appendUtf8(bytes, line)) return;
         for (std::size_t at = 0; at < line.size();) {
@@ -67,23 +83,26 @@ qint64 DocumentTable::unencodable(Encoding encoding) const {
             if (!code_page::appendUtf8(bytes, line.substr(at, next - at))) ++count;
             at = next;
         }
-    });
+    };
+    eachBlock([&](const QByteArray& block) { forEachLine(block, countLine); });
     return count;
 }
 
 void DocumentTable::save(const QString& path, Encoding encoding) const {
     WholeFile file(path);
-    if (encoding == Encoding::utf8) {
-        file.write(byteOrderMark);
-        file.write(m_csv);
-    } else {
-        std::string bytes;
-        forEachLine(m_csv, [&](std::string_view line) {
+    if (encoding == Encoding::utf8) file.write(byteOrderMark);
+    std::string bytes;
+    eachBlock([&](const QByteArray& block) {
+        if (encoding == Encoding::utf8) {
+            file.write(block);
+            return;
+        }
+        forEachLine(block, [&](std::string_view line) {
             bytes.clear();
             code_page::appendUtf8(bytes, line);
             file.write(bytes.data(), static_cast<qint64>(bytes.size()));
         });
-    }
+    });
     file.keep(); // looks at every write
 }
 

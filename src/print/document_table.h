@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <vector>
+
 namespace vandrel {
 
 class DocumentTable {
@@ -27,7 +29,15 @@ class DocumentTable {
     void save(const QString& path, Encoding encoding) const;
 
   private:
-    QByteArray m_csv; // UTF-8
+    void pack();
+    // Calls take with the table's bytes, block by block; a block ends behind a row.
+    template<class Take>
+    void eachBlock(Take take) const;
+
+    // UTF-8. What is complete is kept compressed: a list of a hundred thousand sheets has tens of megabytes
+    // that mostly nobody asks for.
+    std::vector<QByteArray> m_packed;
+    QByteArray m_csv;
     qint64 m_rows = 0;
 };
 

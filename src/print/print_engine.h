@@ -21,7 +21,7 @@ class CurrentPrinter {
         use(service.defaultPrinter());
     }
 
-    // Takes the printer of that number, upright.
+    // Takes the printer of that number; its paper lies as before, if the printer turns it.
     void use(int number);
     int number() const { return m_number; }
     long paperCode() const { return m_paper.code; }

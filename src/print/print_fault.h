@@ -8,7 +8,7 @@ namespace vandrel {
 inline QString printFaultText(const Fault& fault) {
     if (fault.number() == fault::noPrinter)
         return QStringLiteral("Nincs telepítve nyomtató, Ambuláns adatlap nem nyomtatható ki!");
-    return QStringLiteral("Hiba lépett fel a nyomtatás során!\n%1: %2").arg(fault.number()).arg(fault.text());
+    return QStringLiteral("Hiba lépett fel a nyomtatás során! %1\n%2").arg(fault.number()).arg(fault.text());
 }
 
 } // namespace vandrel

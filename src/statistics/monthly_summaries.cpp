@@ -74,7 +74,7 @@ void Bekuldok_havi_nyom(ListRun& run) {
                     sumLine(run, groupSum, referrerSums);
                     run.blank();
                 }
-                run.bold(thisReferrer);
+                run.bold(thisReferrer.isEmpty() ? u" "_s : thisReferrer); // a line in any case
                 referrerSums = {};
                 referrer = thisReferrer;
                 first = false;

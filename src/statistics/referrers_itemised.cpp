@@ -55,19 +55,19 @@ void Bekuldok_vandrel_nyom(ListRun& run) {
     logHead(run, u"Tételes lista a beküldőkről"_s);
     run.row(tableHeads);
     QString referrer, category;
-    qint64 count = 0;
+    bool first = true;
     run.eachSheet(columns, [&](const Query& sheet) {
         const QString thisReferrer = sheet.text(IGENYLO);
         const QString thisCategory = sheet.text(TERITES);
-        if (count == 0 || !sameCode(referrer, thisReferrer)) {
-            if (count > 0) run.blank();
+        if (first || !sameCode(referrer, thisReferrer)) {
+            if (!first) run.blank();
             blockHead(run, thisReferrer, thisCategory);
         } else if (!sameCode(category, thisCategory)) {
             categoryLine(run, thisCategory); // without the blank line that list 1 has before it
         }
         referrer = thisReferrer;
         category = thisCategory;
-        ++count;
+        first = false;
 
         // By the TAJ, not by the patient's number as list 1 goes; that is wanted.
         const PatientColumns patient = patientByTaj(run, sheet.text(SZEM_SZAM));
@@ -101,7 +101,7 @@ void Bekuldok_vandrel_nyom(ListRun& run) {
         if (lines.empty()) run.row(sheetCells + QStringList{QString(), QString(), QString(), QString()});
     });
     run.bold(u" "_s);
-    run.closing(u"Beküldők összesen:  "_s + QString::number(count));
+    run.closing(u"Beküldők összesen:  "_s); // no figure follows, and that is wanted
 }
 
 } // namespace vandrel

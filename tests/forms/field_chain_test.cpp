@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 class FieldChainTest : public testing::Test {
@@ -31,85 +33,77 @@ class FieldChainTest : public testing::Test {
     QWidget window;
     QVBoxLayout* layout = new QVBoxLayout(&window);
     FieldChain chain{&window};
+    QLineEdit* const a = edit("a");
+    QLineEdit* const b = edit("b");
 };
 
 TEST_F(FieldChainTest, EnterAndArrowsSkipWhatIsHiddenOrDisabled) {
-    QLineEdit* a = edit("a");
     QLineEdit* hidden = edit("hidden");
     QLineEdit* disabled = edit("disabled");
-    QLineEdit* b = edit("b");
     for (QLineEdit* field : {a, hidden, disabled, b})
         chain.add(field);
     hidden->hide();
     disabled->setEnabled(false);
-    b->setText(QStringLiteral("régi"));
+    b->setText(u"régi"_s);
     showOn(a);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), QStringLiteral("b"));
-    EXPECT_EQ(b->selectedText(), QStringLiteral("régi"));
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"b"_s);
+    EXPECT_EQ(b->selectedText(), u"régi"_s);
     EXPECT_EQ(b->palette().color(QPalette::Base), QColor(255, 255, 255));
     EXPECT_EQ(b->palette().color(QPalette::Text), QColor(192, 0, 0));
     EXPECT_EQ(a->palette().color(QPalette::Base), QColor(192, 192, 192));
-    typeText(QStringLiteral("új ő"));
-    EXPECT_EQ(b->text(), QStringLiteral("új ő"));
-    pressKey(Qt::Key_Up);
-    EXPECT_EQ(focusName(), QStringLiteral("a"));
+    typeText(u"új ő"_s);
+    EXPECT_EQ(b->text(), u"új ő"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Up), u"a"_s);
     EXPECT_EQ(b->cursorPosition(), 0); // a long text left shows its beginning
     EXPECT_FALSE(b->hasSelectedText());
-    pressKey(Qt::Key_Down);
-    EXPECT_EQ(focusName(), QStringLiteral("b"));
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), QStringLiteral("b")); // the last one keeps the focus
+    EXPECT_EQ(pressKey(Qt::Key_Down), u"b"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"b"_s); // the last one keeps the focus
 }
 
 TEST_F(FieldChainTest, NumericFieldsDropOtherKeys) {
-    QLineEdit* a = edit("a");
     chain.add(a, {.numeric = true});
     showOn(a);
-    typeText(QStringLiteral("1x2,ő.-3"));
-    EXPECT_EQ(a->text(), QStringLiteral("12,3"));
+    typeText(u"1x2,ő.-3"_s);
+    EXPECT_EQ(a->text(), u"12,3"_s);
     pressKey(Qt::Key_Backspace);
-    EXPECT_EQ(a->text(), QStringLiteral("12,"));
-    QGuiApplication::clipboard()->setText(QStringLiteral("4x"));
+    EXPECT_EQ(a->text(), u"12,"_s);
+    QGuiApplication::clipboard()->setText(u"4x"_s);
     a->paste();
-    EXPECT_EQ(a->text(), QStringLiteral("12,"));
-    QGuiApplication::clipboard()->setText(QStringLiteral("45"));
+    EXPECT_EQ(a->text(), u"12,"_s);
+    QGuiApplication::clipboard()->setText(u"45"_s);
     a->paste();
-    EXPECT_EQ(a->text(), QStringLiteral("12,45"));
+    EXPECT_EQ(a->text(), u"12,45"_s);
     // A stored value is shown as it is, and can be mended letter by letter.
-    a->setText(QStringLiteral("H-1117"));
-    EXPECT_EQ(a->text(), QStringLiteral("H-1117"));
+    a->setText(u"H-1117"_s);
+    EXPECT_EQ(a->text(), u"H-1117"_s);
     pressKey(Qt::Key_Backspace);
-    typeText(QStringLiteral("8"));
-    EXPECT_EQ(a->text(), QStringLiteral("H-1118"));
+    typeText(u"8"_s);
+    EXPECT_EQ(a->text(), u"H-1118"_s);
     pressKey(Qt::Key_Home);
     pressKey(Qt::Key_Delete);
     pressKey(Qt::Key_Delete);
-    EXPECT_EQ(a->text(), QStringLiteral("1118"));
+    EXPECT_EQ(a->text(), u"1118"_s);
 }
 
 TEST_F(FieldChainTest, AFailedCheckTakesTheFocusBackOnceAndDropsWhatWasTypedAhead) {
-    QLineEdit* a = edit("a");
-    QLineEdit* b = edit("b");
     int checks = 0;
     chain.add(a, {.leave = [&] {
                   ++checks;
-                  return a->text() == QStringLiteral("jó");
+                  return a->text() == u"jó"_s;
               }});
     chain.add(b);
     showOn(a);
     // Without an event turn between Enter and the next key, as from a fast hand.
     QTest::keyClick(a, Qt::Key_Return);
-    QKeyEvent ahead(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+    QKeyEvent ahead(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, u"x"_s);
     QApplication::sendEvent(b, &ahead);
     QCoreApplication::processEvents();
     EXPECT_EQ(checks, 1);
-    EXPECT_EQ(focusName(), QStringLiteral("a"));
+    EXPECT_EQ(focusName(), u"a"_s);
     EXPECT_EQ(b->text(), QString());
-    typeText(QStringLiteral("jó"));
-    pressKey(Qt::Key_Return);
+    enter(u"jó"_s);
     EXPECT_EQ(checks, 2);
-    EXPECT_EQ(focusName(), QStringLiteral("b"));
+    EXPECT_EQ(focusName(), u"b"_s);
     a->clear();
     pressKey(Qt::Key_Up);
     chain.blockChecks(true);
@@ -118,18 +112,15 @@ TEST_F(FieldChainTest, AFailedCheckTakesTheFocusBackOnceAndDropsWhatWasTypedAhea
 }
 
 TEST_F(FieldChainTest, HelpAndOwnKeysComeBeforeTheChain) {
-    QLineEdit* a = edit("a");
-    QLineEdit* b = edit("b");
     int helped = 0;
     chain.add(a, {.help = [&] { ++helped; }, .key = [&](int key) { return key == Qt::Key_Down; }});
     chain.add(b);
     showOn(a);
     pressKey(Qt::Key_F1);
     EXPECT_EQ(helped, 1);
-    pressKey(Qt::Key_Down);
-    EXPECT_EQ(focusName(), QStringLiteral("a"));
+    EXPECT_EQ(pressKey(Qt::Key_Down), u"a"_s);
     pressKey(Qt::Key_Enter); // the key of the number block too
-    EXPECT_EQ(focusName(), QStringLiteral("b"));
+    EXPECT_EQ(focusName(), u"b"_s);
 }
 
 TEST_F(FieldChainTest, MasksKeepTheirLiteralsAndBlanks) {
@@ -139,30 +130,27 @@ TEST_F(FieldChainTest, MasksKeepTheirLiteralsAndBlanks) {
     layout->addWidget(time);
     chain.add(date);
     chain.add(time);
-    EXPECT_EQ(date->value(), QStringLiteral("    .  .  ."));
-    EXPECT_EQ(time->value(), QStringLiteral("  :  "));
-    EXPECT_EQ(MaskedField(MaskedField::Mask::account).value(), QStringLiteral("        -        -        "));
-    EXPECT_EQ(MaskedField(MaskedField::Mask::taxNumber).value(), QStringLiteral("        - -  "));
-    EXPECT_EQ(MaskedField(MaskedField::Mask::period).value(), QStringLiteral("    .  "));
+    EXPECT_EQ(date->value(), u"    .  .  ."_s);
+    EXPECT_EQ(time->value(), u"  :  "_s);
+    EXPECT_EQ(MaskedField(MaskedField::Mask::account).value(), u"        -        -        "_s);
+    EXPECT_EQ(MaskedField(MaskedField::Mask::taxNumber).value(), u"        - -  "_s);
+    EXPECT_EQ(MaskedField(MaskedField::Mask::period).value(), u"    .  "_s);
     showOn(date);
-    typeText(QStringLiteral("20080403"));
-    EXPECT_EQ(date->value(), QStringLiteral("2008.04.03."));
-    date->setValue(QStringLiteral("1999.12.31."));
+    typeText(u"20080403"_s);
+    EXPECT_EQ(date->value(), u"2008.04.03."_s);
+    date->setValue(u"1999.12.31."_s);
     pressKey(Qt::Key_Return);
-    typeText(QStringLiteral("9x05"));
-    EXPECT_EQ(time->value(), QStringLiteral("90:5 "));
+    typeText(u"9x05"_s);
+    EXPECT_EQ(time->value(), u"90:5 "_s);
     pressKey(Qt::Key_Up);
-    typeText(
-        QStringLiteral("2008 0401")); // selected on focus: typing replaces all; a blank is a place left empty
-    EXPECT_EQ(date->value().left(4), QStringLiteral("2008"));
+    typeText(u"2008 0401"_s); // selected on focus: typing replaces all; a blank is a place left empty
+    EXPECT_EQ(date->value().left(4), u"2008"_s);
     date->clearValue();
     EXPECT_TRUE(date->isEmptyMask());
 }
 
 // Several keys may wait in the queue while a box or a slow step holds the program up.
 TEST_F(FieldChainTest, KeysTypedAheadAreNotWrittenOver) {
-    QLineEdit* a = edit("a");
-    QLineEdit* b = edit("b");
     chain.add(a);
     chain.add(b);
     showOn(a);
@@ -170,13 +158,11 @@ TEST_F(FieldChainTest, KeysTypedAheadAreNotWrittenOver) {
     QTest::keyClick(b, Qt::Key_1); // no event loop between
     QTest::keyClick(b, Qt::Key_2);
     QCoreApplication::processEvents();
-    typeText(QStringLiteral("3"));
-    EXPECT_EQ(b->text(), QStringLiteral("123"));
+    typeText(u"3"_s);
+    EXPECT_EQ(b->text(), u"123"_s);
 }
 
 TEST_F(FieldChainTest, FocusedFieldIsCheckedOnDemand) {
-    QLineEdit* a = edit("a");
-    QLineEdit* b = edit("b");
     int checks = 0;
     bool good = false;
     chain.add(a, {.leave = [&] {
@@ -186,7 +172,7 @@ TEST_F(FieldChainTest, FocusedFieldIsCheckedOnDemand) {
     chain.add(b);
     showOn(a);
     EXPECT_FALSE(chain.checkFocused());
-    EXPECT_EQ(focusName(), QStringLiteral("a"));
+    EXPECT_EQ(focusName(), u"a"_s);
     good = true;
     EXPECT_TRUE(chain.checkFocused());
     b->setFocus();

@@ -318,9 +318,8 @@ TEST(PreviewWindow, StaysWithTheDocumentWhenPrintingFails) {
     print();
     screen.stand.printers.entries[0].vanished = false;
     screen.stand.printers.entries[0].faultyPage = 2;
-    screen.dialogue.expect(
-        QStringLiteral("Hiba lépett fel a nyomtatás során!\n57: A nyomtató hibát jelzett."), printTitle,
-        Icon::warning);
+    screen.dialogue.expect(QStringLiteral("Hiba lépett fel a nyomtatás során! 57\nA nyomtató hibát jelzett."),
+                           printTitle, Icon::warning);
     print();
     EXPECT_FALSE(screen.stand.printers.jobs.back()->ended);
     EXPECT_EQ(screen.status(), QStringLiteral("1 / 3"));

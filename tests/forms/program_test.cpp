@@ -11,6 +11,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 TEST(Program, EveryLivingEntryOpensItsFormAndGetsTheWindowBack) {
@@ -38,9 +40,9 @@ TEST(Program, EveryLivingEntryOpensItsFormAndGetsTheWindowBack) {
         ++opened;
     }
     EXPECT_GE(opened, 6);
-    QTest::mouseDClick(window.findChild<QLineEdit*>(QStringLiteral("datum")), Qt::LeftButton);
+    QTest::mouseDClick(window.findChild<QLineEdit*>(u"datum"_s), Qt::LeftButton);
     ASSERT_NE(program.currentForm(), nullptr);
-    EXPECT_EQ(program.currentForm()->objectName(), QStringLiteral("kornyform"));
+    EXPECT_EQ(program.currentForm()->objectName(), u"kornyform"_s);
     EXPECT_FALSE(program.ended());
     // Closing the window ends the program at once, although a form stands.
     QTimer::singleShot(0, &window, &QWidget::close);
@@ -58,9 +60,8 @@ TEST(Program, NewSheetThatCannotBeMadeLeavesTheMainWindow) {
     ASSERT_TRUE(program.start());
     tetindul& window = program.mainWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    test.dialogue.expect(QStringLiteral("Elfogytak az adatlap-azonosítók: az utolsó kiadott R019999999."),
-                         QStringLiteral("Hiba"));
-    window.findChild<QAction*>(QStringLiteral("adfelv"))->trigger();
+    test.dialogue.expect(u"Elfogytak az adatlap-azonosítók: az utolsó kiadott R019999999."_s, u"Hiba"_s);
+    window.findChild<QAction*>(u"adfelv"_s)->trigger();
     EXPECT_TRUE(window.isEnabled());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(program.currentForm(), nullptr);
@@ -68,9 +69,9 @@ TEST(Program, NewSheetThatCannotBeMadeLeavesTheMainWindow) {
 
 TEST(Program, DoesNotStartWithoutItsData) {
     TestWorkstation test;
-    ASSERT_TRUE(QFile::remove(test.path(QStringLiteral("beav.mdb"))));
+    ASSERT_TRUE(QFile::remove(test.path(u"beav.mdb"_s)));
     Program program(test.workstation, [] { return false; });
-    test.dialogue.expect(QStringLiteral("Nem található a beav.mdb állomány!"), QStringLiteral("Hiba"));
+    test.dialogue.expect(u"Nem található a beav.mdb állomány!"_s, u"Hiba"_s);
     EXPECT_FALSE(program.start());
     EXPECT_FALSE(program.mainWindow().isVisible());
 }
@@ -84,15 +85,15 @@ TEST(Program, CountersBehindAStoredSheetAreMendedAtTheStartButNotBesideAnotherIn
         Program program(test.workstation, [otherRuns] { return otherRuns; });
         EXPECT_TRUE(program.start());
         EXPECT_EQ(firstText(test.data(), "select END_AZON from AZONOSIT"),
-                  otherRuns ? QStringLiteral("R010000007") : QStringLiteral("R010000008"));
+                  otherRuns ? u"R010000007"_s : u"R010000008"_s);
     }
 }
 
 TEST(Program, UnhandledFaultsAreShownAndOthersAreNot) {
     ExpectedDialogue dialogue;
-    dialogue.expect(QStringLiteral("A lemez megtelt: x"), QStringLiteral("Hiba"));
+    dialogue.expect(u"A lemez megtelt: x"_s, u"Hiba"_s);
     EXPECT_FALSE(deliverShowingFaults(
-        &dialogue, []() -> bool { throw Fault(fault::diskFull, QStringLiteral("A lemez megtelt: x")); }));
+        &dialogue, []() -> bool { throw Fault(fault::diskFull, u"A lemez megtelt: x"_s); }));
     EXPECT_TRUE(deliverShowingFaults(&dialogue, [] { return true; }));
     EXPECT_THROW(deliverShowingFaults(&dialogue, []() -> bool { throw std::runtime_error("mistake"); }),
                  std::runtime_error);

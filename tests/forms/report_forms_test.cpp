@@ -15,6 +15,8 @@
 #include <QRadioButton>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace vandrel;
 using namespace vandrel::test;
 
@@ -47,7 +49,13 @@ class ReportForms : public testing::Test {
         ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
         EXPECT_FALSE(opener.isEnabled());
     }
-    static QString shown(QWidget& form, const char* name) { return part<QLabel>(form, name)->text(); }
+    // Texts of labels, a '|' between two.
+    static QString shown(QWidget& form, const char* names) {
+        QStringList texts;
+        for (const QString& name : QString::fromLatin1(names).split(u' '))
+            texts << form.findChild<QLabel*>(name)->text();
+        return texts.join(u'|');
+    }
 
     TestWorkstation test;
     QWidget opener;
@@ -56,44 +64,36 @@ class ReportForms : public testing::Test {
 } // namespace
 
 TEST_F(ReportForms, TheMonthsReportByKeyboard) {
-    QDir(test.directory.path()).mkdir(QStringLiteral("cel"));
+    QDir(test.directory.path()).mkdir(u"cel"_s);
     test.data().executeScript("begin");
     for (int key = 1; key <= 300; ++key)
-        addSheet(test, key, {}, std::vector<LineData>(7, {"'11041'", "1"}));
+        putSheet(test, key, {}, std::vector<LineData>(7, {"'11041'", "1"}));
     test.data().executeScript("commit");
-    levForm form(test.workstation, &opener, QStringLiteral("0"));
+    levForm form(test.workstation, &opener, u"0"_s);
     show(form);
-    EXPECT_EQ(form.windowTitle(), QStringLiteral("Havi jelentéskészítés - Eredeti"));
-    EXPECT_EQ(shown(form, "OsszesInput"), QStringLiteral("300"));
-    EXPECT_EQ(shown(form, "MentesiUtKijelzo"), QStringLiteral("a:\\"));
+    EXPECT_EQ(form.windowTitle(), u"Havi jelentéskészítés - Eredeti"_s);
+    EXPECT_EQ(shown(form, "OsszesInput MentesiUtKijelzo"), u"300|a:\\"_s);
     EXPECT_FALSE(part<QLineEdit>(form, "ElszIdoszak")->isVisible());
-    EXPECT_EQ(focusName(), QStringLiteral("IdoszakTol"));
-    EXPECT_EQ(part<QLineEdit>(form, "IdoszakTol")->displayText(), QStringLiteral("2008.03"));
-    keepPicture(form, QStringLiteral("levForm.png"));
+    EXPECT_EQ(focusName(), u"IdoszakTol"_s);
+    EXPECT_EQ(part<QLineEdit>(form, "IdoszakTol")->displayText(), u"2008.03"_s);
+    keepPicture(form, u"levForm.png"_s);
 
     // Back and forth between the periods; other keys than digits do nothing.
-    typeText(QStringLiteral("2008x02"));
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), QStringLiteral("IdoszakIg"));
-    pressKey(Qt::Key_Up);
-    EXPECT_EQ(focusName(), QStringLiteral("IdoszakTol"));
-    pressKey(Qt::Key_Down);
-    EXPECT_EQ(focusName(), QStringLiteral("IdoszakIg"));
-    EXPECT_EQ(part<QLineEdit>(form, "IdoszakTol")->displayText(), QStringLiteral("2008.02"));
+    EXPECT_EQ(enter(u"2008x02"_s), u"IdoszakIg"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Up), u"IdoszakTol"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Down), u"IdoszakIg"_s);
+    EXPECT_EQ(part<QLineEdit>(form, "IdoszakTol")->displayText(), u"2008.02"_s);
 
     // An unfilled to-field: the focus goes to the from-field.
     pressKey(Qt::Key_Delete);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"Levalogatas"_s);
+    test.dialogue.expect(u"Hibás vég dátum!"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"IdoszakTol"_s);
     pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), QStringLiteral("Levalogatas"));
-    test.dialogue.expect(QStringLiteral("Hibás vég dátum!"));
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), QStringLiteral("IdoszakTol"));
-    pressKey(Qt::Key_Return);
-    typeText(QStringLiteral("200803"));
-    pressKey(Qt::Key_Return);
+    enter(u"200803"_s);
 
     // The floppy is not there; nothing was touched and another target can be chosen.
-    test.dialogue.expect(QStringLiteral("Nem található az elérési útvonal!"));
+    test.dialogue.expect(u"Nem található az elérési útvonal!"_s);
     pressKey(Qt::Key_Return);
     EXPECT_TRUE(part<QLineEdit>(form, "IdoszakTol")->isEnabled());
     QTest::keyClick(part<QPushButton>(form, "MentesiUt"), Qt::Key_Return);
@@ -105,15 +105,15 @@ TEST_F(ReportForms, TheMonthsReportByKeyboard) {
     part<QListWidget>(*picker, "Mappak")->setFocus();
     pressKey(Qt::Key_Down); // behind ".." stands "cel"
     pressKey(Qt::Key_Return);
-    keepPicture(*picker, QStringLiteral("openform.png"));
-    EXPECT_EQ(part<QLineEdit>(*picker, "Utvonal")->text(), test.path(QStringLiteral("cel")));
+    keepPicture(*picker, u"openform.png"_s);
+    EXPECT_EQ(part<QLineEdit>(*picker, "Utvonal")->text(), test.path(u"cel"_s));
     QTest::keyClick(part<QPushButton>(*picker, "Megnyit"), Qt::Key_Return);
     EXPECT_TRUE(form.isEnabled());
-    EXPECT_EQ(test.workstation.reportTarget, test.path(QStringLiteral("cel/")));
-    EXPECT_EQ(shown(form, "MentesiUtKijelzo"), test.path(QStringLiteral("cel/")));
-    EXPECT_TRUE(shown(form, "Meghajto").startsWith(QStringLiteral("Meghajtó: ")));
-    EXPECT_TRUE(shown(form, "TeljesLemez").startsWith(QStringLiteral("Teljes lemezterület: ")));
-    EXPECT_TRUE(shown(form, "SzabadLemez").endsWith(QStringLiteral(" kb ")));
+    EXPECT_EQ(test.workstation.reportTarget, test.path(u"cel/"_s));
+    EXPECT_EQ(shown(form, "MentesiUtKijelzo"), test.path(u"cel/"_s));
+    EXPECT_TRUE(shown(form, "Meghajto").startsWith(u"Meghajtó: "_s));
+    EXPECT_TRUE(shown(form, "TeljesLemez").startsWith(u"Teljes lemezterület: "_s));
+    EXPECT_TRUE(shown(form, "SzabadLemez").endsWith(u" kb "_s));
 
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     // The run; in its midst neither a second start nor closing does anything.
@@ -126,138 +126,123 @@ TEST_F(ReportForms, TheMonthsReportByKeyboard) {
         EXPECT_FALSE(form.close());
         EXPECT_FALSE(part<QPushButton>(form, "Levalogatas")->isEnabled());
         EXPECT_EQ(form.cursor().shape(), Qt::WaitCursor);
-        EXPECT_EQ(shown(form, "figyelmeztetes"),
-                  QStringLiteral("A leválogatás fut, kérem várjon, amíg befejeződik!"));
+        EXPECT_EQ(shown(form, "figyelmeztetes"), u"A leválogatás fut, kérem várjon, amíg befejeződik!"_s);
     };
     pressKey(Qt::Key_Return);
     EXPECT_TRUE(tried);
-    EXPECT_TRUE(QFile::exists(test.path(QStringLiteral("cel/N123.id"))));
-    EXPECT_TRUE(fileBytes(test.path(QStringLiteral("tetN123.amb"))).contains("\r\n0000600\r\n"));
-    EXPECT_EQ(shown(form, "IdoszakInput"), QStringLiteral("300"));
-    EXPECT_EQ(shown(form, "Output"), QStringLiteral("600"));
-    EXPECT_EQ(shown(form, "OsszesBeavatkozas"), QStringLiteral("2100"));
-    EXPECT_EQ(shown(form, "Levalogatott"), QStringLiteral("300"));
-    EXPECT_EQ(shown(form, "Allapot"), QStringLiteral("Kiírás: 600"));
-    EXPECT_EQ(shown(form, "Szazalek"), QStringLiteral("100,00 %"));
+    EXPECT_TRUE(QFile::exists(test.path(u"cel/N123.id"_s)));
+    EXPECT_TRUE(fileBytes(test.path(u"tetN123.amb"_s)).contains("\r\n0000600\r\n"));
+    EXPECT_EQ(shown(form, "IdoszakInput Output OsszesBeavatkozas Levalogatott Allapot Szazalek"),
+              u"300|600|2100|300|Kiírás: 600|100,00 %"_s);
     EXPECT_NE(form.cursor().shape(), Qt::WaitCursor);
     for (const char* name : {"IdoszakTol", "IdoszakIg", "Levalogatas", "MentesiUt"})
         EXPECT_FALSE(part<QWidget>(form, name)->isEnabled()) << name;
-    keepPicture(form, QStringLiteral("levForm_kesz.png"));
+    keepPicture(form, u"levForm_kesz.png"_s);
     EXPECT_TRUE(form.close());
     EXPECT_TRUE(opener.isEnabled());
 }
 
 TEST_F(ReportForms, NoDataLetsTheUserTryAnotherPeriod) {
-    levForm form(test.workstation, &opener, QStringLiteral("0"));
+    levForm form(test.workstation, &opener, u"0"_s);
     test.workstation.reportTarget = test.path({}) + QLatin1Char('/');
     show(form);
     test.dialogue.expect(
-        QStringLiteral(
-            "Nincs a feltételeknek megfelelő adat!\nLehetséges hibák: \n\t - a megadott dátumintervallumra "
-            "a jelentés egyszer más elkészült, a floppy mezők visszaírása szükséges"),
-        QStringLiteral("Hiba!"));
+        u"Nincs a feltételeknek megfelelő adat!\nLehetséges hibák: \n\t - a megadott dátumintervallumra "
+        "a jelentés egyszer más elkészült, a floppy mezők visszaírása szükséges"_s,
+        u"Hiba!"_s);
     part<QPushButton>(form, "Levalogatas")->setFocus();
     pressKey(Qt::Key_Return);
     EXPECT_TRUE(test.dialogue.allShown());
-    EXPECT_EQ(focusName(), QStringLiteral("IdoszakTol"));
+    EXPECT_EQ(focusName(), u"IdoszakTol"_s);
     EXPECT_NE(form.cursor().shape(), Qt::WaitCursor);
     EXPECT_TRUE(part<QPushButton>(form, "Levalogatas")->isEnabled());
 }
 
 TEST_F(ReportForms, ModesShowTheirOwnFields) {
-    levForm corrected(test.workstation, &opener, QStringLiteral("1"));
+    levForm corrected(test.workstation, &opener, u"1"_s);
     show(corrected);
-    EXPECT_EQ(corrected.windowTitle(), QStringLiteral("Havi jelentéskészítés - Javítás"));
-    EXPECT_EQ(part<QLineEdit>(corrected, "IdoszakTol")->displayText(), QStringLiteral("2008.02"));
-    EXPECT_EQ(part<QLineEdit>(corrected, "ElszIdoszak")->displayText(), QStringLiteral("2008.03"));
+    EXPECT_EQ(corrected.windowTitle(), u"Havi jelentéskészítés - Javítás"_s);
+    EXPECT_EQ(part<QLineEdit>(corrected, "IdoszakTol")->displayText(), u"2008.02"_s);
+    EXPECT_EQ(part<QLineEdit>(corrected, "ElszIdoszak")->displayText(), u"2008.03"_s);
     pressKey(Qt::Key_Return);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), QStringLiteral("ElszIdoszak"));
-    pressKey(Qt::Key_Up);
-    EXPECT_EQ(focusName(), QStringLiteral("IdoszakIg"));
-    keepPicture(corrected, QStringLiteral("levForm_javitas.png"));
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"ElszIdoszak"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Up), u"IdoszakIg"_s);
+    keepPicture(corrected, u"levForm_javitas.png"_s);
     pressKey(Qt::Key_Escape);
     EXPECT_FALSE(corrected.isVisible());
 
-    levForm eu(test.workstation, &opener, QStringLiteral("E"));
+    levForm eu(test.workstation, &opener, u"E"_s);
     show(eu);
-    EXPECT_EQ(eu.windowTitle(), QStringLiteral("Havi jelentéskészítés - EU jelentés"));
+    EXPECT_EQ(eu.windowTitle(), u"Havi jelentéskészítés - EU jelentés"_s);
     EXPECT_FALSE(part<QLineEdit>(eu, "IdoszakIg")->isVisible());
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), QStringLiteral("Levalogatas"));
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"Levalogatas"_s);
 }
 
 TEST_F(ReportForms, ThePickerTakesOnlyAFolderThatIsThere) {
-    QDir(test.directory.path()).mkpath(QStringLiteral("Ő <b>mappa/al"));
-    QFile(test.path(QStringLiteral("Ő <b>mappa/X.TXT"))).open(QIODevice::WriteOnly);
-    QFile(test.path(QStringLiteral("Ő <b>mappa/x.doc"))).open(QIODevice::WriteOnly);
+    QDir(test.directory.path()).mkpath(u"Ő <b>mappa/al"_s);
+    QFile(test.path(u"Ő <b>mappa/X.TXT"_s)).open(QIODevice::WriteOnly);
+    QFile(test.path(u"Ő <b>mappa/x.doc"_s)).open(QIODevice::WriteOnly);
     QStringList chosen;
     const auto take = [&chosen](const QString& path, const VolumeTexts&) { chosen << path; };
-    openform form(test.workstation, &opener, QStringLiteral("1"), take);
+    openform form(test.workstation, &opener, u"1"_s, take);
     show(form);
-    EXPECT_EQ(focusName(), QStringLiteral("Mappak"));
+    EXPECT_EQ(focusName(), u"Mappak"_s);
     EXPECT_GT(part<QComboBox>(form, "Meghajtok")->count(), 0);
     pressKey(Qt::Key_Down);
     pressKey(Qt::Key_Return);
     auto* files = part<QListWidget>(form, "Fajlok");
     ASSERT_EQ(files->count(), 1);
-    EXPECT_EQ(files->item(0)->text(), QStringLiteral("X.TXT"));
+    EXPECT_EQ(files->item(0)->text(), u"X.TXT"_s);
     pressKey(Qt::Key_Backspace);
     auto* path = part<QLineEdit>(form, "Utvonal");
     EXPECT_EQ(path->text(), test.directory.path());
-    for (const QString& wrong : {QStringLiteral("a:\\"), QStringLiteral("/nincs/ilyen"), QStringLiteral(" "),
-                                 QStringLiteral("Ő <b>mappa")}) {
+    for (const QString& wrong : {u"a:\\"_s, u"/nincs/ilyen"_s, u" "_s, u"Ő <b>mappa"_s}) {
         path->setText(wrong);
         path->setFocus();
-        test.dialogue.expect(QStringLiteral("Nem található az elérési útvonal!"));
-        pressKey(Qt::Key_Return);
-        EXPECT_EQ(focusName(), QStringLiteral("Utvonal"));
+        test.dialogue.expect(u"Nem található az elérési útvonal!"_s);
+        EXPECT_EQ(pressKey(Qt::Key_Return), u"Utvonal"_s);
     }
-    EXPECT_EQ(test.workstation.reportTarget, QStringLiteral("a:\\"));
-    path->setText(test.path(QStringLiteral("Ő <b>mappa//")));
+    EXPECT_EQ(test.workstation.reportTarget, u"a:\\"_s);
+    path->setText(test.path(u"Ő <b>mappa//"_s));
     pressKey(Qt::Key_Return);
-    EXPECT_EQ(chosen, QStringList(test.path(QStringLiteral("Ő <b>mappa"))));
-    EXPECT_EQ(test.workstation.reportTarget, test.path(QStringLiteral("Ő <b>mappa/")));
+    EXPECT_EQ(chosen, QStringList(test.path(u"Ő <b>mappa"_s)));
+    EXPECT_EQ(test.workstation.reportTarget, test.path(u"Ő <b>mappa/"_s));
     EXPECT_TRUE(opener.isEnabled());
 
     // "Mégse" changes nothing, and a source is no report target.
-    openform left(test.workstation, &opener, QStringLiteral("1"), take);
+    openform left(test.workstation, &opener, u"1"_s, take);
     show(left);
     QTest::keyClick(part<QPushButton>(left, "Megse"), Qt::Key_Return);
     EXPECT_TRUE(opener.isEnabled());
-    openform source(test.workstation, &opener, QStringLiteral("3"), take);
+    openform source(test.workstation, &opener, u"3"_s, take);
     show(source);
     QTest::keyClick(part<QPushButton>(source, "Megnyit"), Qt::Key_Return);
     EXPECT_EQ(chosen.size(), 2);
-    EXPECT_EQ(test.workstation.reportTarget, test.path(QStringLiteral("Ő <b>mappa/")));
+    EXPECT_EQ(test.workstation.reportTarget, test.path(u"Ő <b>mappa/"_s));
 }
 
 TEST_F(ReportForms, WriteBackByKeyboard) {
-    addSheet(test, 1, {{"FLOPPY", "1"}}, {});
-    addSheet(test, 2, {{"FLOPPY2", "1"}}, {});
+    putSheet(test, 1, "FLOPPY=1");
+    putSheet(test, 2, "FLOPPY2=1");
     flujForm form(test.workstation, &opener);
     show(form);
-    EXPECT_EQ(form.windowTitle(), QStringLiteral("Floppy mezők visszaírása"));
-    EXPECT_EQ(focusName(), QStringLiteral("IdoszakTol"));
+    EXPECT_EQ(form.windowTitle(), u"Floppy mezők visszaírása"_s);
+    EXPECT_EQ(focusName(), u"IdoszakTol"_s);
     EXPECT_TRUE(part<QRadioButton>(form, "Eredeti")->isChecked());
-    typeText(QStringLiteral("200803"));
-    pressKey(Qt::Key_Return);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), QStringLiteral("Visszaallitas"));
-    test.dialogue.expect(QStringLiteral("Nem adott meg -Ig értéket!"));
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), QStringLiteral("IdoszakIg"));
-    typeText(QStringLiteral("200803"));
+    enter(u"200803"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"Visszaallitas"_s);
+    test.dialogue.expect(u"Nem adott meg -Ig értéket!"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"IdoszakIg"_s);
+    typeText(u"200803"_s);
     pressKey(Qt::Key_Tab);
     pressKey(Qt::Key_Right);
     EXPECT_TRUE(part<QRadioButton>(form, "Javitott")->isChecked());
     part<QPushButton>(form, "Visszaallitas")->setFocus();
-    test.dialogue.expect(QStringLiteral("Kész az adatvisszaállítás!"), programTitle, Icon::information);
+    test.dialogue.expect(u"Kész az adatvisszaállítás!"_s, programTitle, Icon::information);
     pressKey(Qt::Key_Return);
-    EXPECT_EQ(shown(form, "Darab"), QStringLiteral("1 / 1"));
-    EXPECT_EQ(firstText(test.data(), "select group_concat(FLOPPY || FLOPPY2, ' ') from BETEG"),
-              QStringLiteral("10 00"));
-    keepPicture(form, QStringLiteral("flujForm.png"));
+    EXPECT_EQ(shown(form, "Darab"), u"1 / 1"_s);
+    EXPECT_EQ(firstText(test.data(), "select group_concat(FLOPPY || FLOPPY2, ' ') from BETEG"), u"10 00"_s);
+    keepPicture(form, u"flujForm.png"_s);
     pressKey(Qt::Key_Escape);
     EXPECT_TRUE(opener.isEnabled());
 }

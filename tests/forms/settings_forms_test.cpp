@@ -1,10 +1,11 @@
 // Institution, workstation label, status note and the small windows, typed into with real keys.
+#include "foundation/forms/field_chain.h"
 #include "foundation/forms/frmAbout.h"
-#include "foundation/forms/masked_field.h"
 #include "settings/forms/gepazonform.h"
 #include "settings/forms/intad.h"
 #include "settings/forms/kornyform.h"
 #include "settings/forms/nemform.h"
+#include "support/keyboard.h"
 #include "support/test_workstation.h"
 
 #include <QApplication>
@@ -13,6 +14,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 namespace vandrel::test {
 
@@ -24,22 +27,6 @@ void open(WorkForm& form) {
     QCoreApplication::processEvents();
 }
 
-// Types into whatever has the focus, as a clerk does; letters outside Latin-1 go as texts.
-void type(const QString& text) {
-    for (const QChar letter : text)
-        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(letter),
-                            Qt::NoModifier);
-}
-
-void press(Qt::Key key) {
-    QTest::keyClick(QApplication::focusWidget(), key);
-    QCoreApplication::processEvents();
-}
-
-QString focusName() {
-    return QApplication::focusWidget() != nullptr ? QApplication::focusWidget()->objectName() : QString();
-}
-
 } // namespace
 
 TEST(IntadForm, TypedByKeyboardAloneAndStored) {
@@ -48,7 +35,7 @@ TEST(IntadForm, TypedByKeyboardAloneAndStored) {
     QWidget opener;
     intad form(test.workstation, &opener);
     open(form);
-    auto* status = form.findChild<QLabel*>(QStringLiteral("statusz"));
+    auto* status = form.findChild<QLabel*>(u"statusz"_s);
     const std::pair<const char*, const char*> fields[] = {{"Int_nev", "Őrségi rendelő"},
                                                           {"Gyogyi_kod", "123"},
                                                           {"Orv_kod", "54321"},
@@ -64,64 +51,49 @@ TEST(IntadForm, TypedByKeyboardAloneAndStored) {
     for (const auto& [name, text] : fields) {
         EXPECT_EQ(focusName(), QLatin1String(name));
         EXPECT_FALSE(QApplication::focusWidget()->accessibleName().isEmpty());
-        type(QString::fromUtf8(text));
-        press(Qt::Key_Return);
+        enter(QString::fromUtf8(text));
     }
-    EXPECT_EQ(form.findChild<QLineEdit*>(QStringLiteral("City"))->text(), QStringLiteral("Szombathely"));
-    EXPECT_EQ(focusName(), QStringLiteral("Tarol"));
+    EXPECT_EQ(form.findChild<QLineEdit*>(u"City"_s)->text(), u"Szombathely"_s);
+    EXPECT_EQ(focusName(), u"Tarol"_s);
 
     // Three characters of the GYÓGYINFOK code: nothing is stored, and nothing is said.
-    press(Qt::Key_Return);
+    pressKey(Qt::Key_Return);
     EXPECT_EQ(status->text(), QString());
-    EXPECT_EQ(focusName(), QStringLiteral("Gyogyi_kod"));
-    EXPECT_EQ(firstText(test.data(), "select count(*) from intezet"), QStringLiteral("0"));
-    type(QStringLiteral("1234"));
-    auto* keep = form.findChild<QPushButton*>(QStringLiteral("Tarol"));
+    EXPECT_EQ(focusName(), u"Gyogyi_kod"_s);
+    EXPECT_EQ(firstText(test.data(), "select count(*) from intezet"), u"0"_s);
+    typeText(u"1234"_s);
+    auto* keep = form.findChild<QPushButton*>(u"Tarol"_s);
     keep->setFocus();
-    press(Qt::Key_Return);
-    EXPECT_EQ(status->text(), QStringLiteral(" Adatok tárolása megtörtént!"));
+    pressKey(Qt::Key_Return);
+    EXPECT_EQ(status->text(), u" Adatok tárolása megtörtént!"_s);
     EXPECT_EQ(firstText(test.data(),
                         "select Int_nev||'|'||Gyogyi_kod||'|'||City||'|'||Bankszamla||'|'||Adoig_szam"
                         " from intezet"),
-              QStringLiteral("Őrségi rendelő|1234|Szombathely|11111111-22222222-33333333|12345678-1-42"));
-    EXPECT_EQ(test.workstation.setup.value(QStringLiteral("KJELO"), QStringLiteral("Password")),
-              QStringLiteral("jelszó"));
+              u"Őrségi rendelő|1234|Szombathely|11111111-22222222-33333333|12345678-1-42"_s);
+    EXPECT_EQ(test.workstation.setup.value(u"KJELO"_s, u"Password"_s), u"jelszó"_s);
 
     // A check with a box, and one in the status line.
-    auto* doctor = form.findChild<QLineEdit*>(QStringLiteral("Orv_kod"));
-    doctor->setText(QStringLiteral("12"));
-    test.dialogue.expect(QStringLiteral("Hiba: az ellátó orvos kódja 5 jegyű!"), QStringLiteral("Hiba"));
+    auto* doctor = form.findChild<QLineEdit*>(u"Orv_kod"_s);
+    doctor->setText(u"12"_s);
+    test.dialogue.expect(u"Hiba: az ellátó orvos kódja 5 jegyű!"_s, u"Hiba"_s);
     QTest::mouseClick(keep, Qt::LeftButton);
-    EXPECT_EQ(focusName(), QStringLiteral("Orv_kod"));
+    EXPECT_EQ(focusName(), u"Orv_kod"_s);
     EXPECT_EQ(status->text(), QString());
-    form.findChild<QLineEdit*>(QStringLiteral("City"))->clear();
+    form.findChild<QLineEdit*>(u"City"_s)->clear();
     QTest::mouseClick(keep, Qt::LeftButton);
-    EXPECT_EQ(status->text(), QStringLiteral(" Hiba :Az intézet neve mező üresen maradt!"));
-    EXPECT_EQ(focusName(), QStringLiteral("City"));
+    EXPECT_EQ(status->text(), u" Hiba :Az intézet neve mező üresen maradt!"_s);
+    EXPECT_EQ(focusName(), u"City"_s);
+
+    // An emptied postal code empties the town.
+    form.findChild<QLineEdit*>(u"City"_s)->setText(u"Pécs"_s);
+    SelectAll(form.findChild<QLineEdit*>(u"irsz"_s));
+    pressKey(Qt::Key_Backspace);
+    EXPECT_EQ(form.findChild<QLineEdit*>(u"City"_s)->text(), QString());
 
     EXPECT_FALSE(opener.isEnabled());
-    press(Qt::Key_Escape);
+    pressKey(Qt::Key_Escape);
     EXPECT_FALSE(form.isVisible());
     EXPECT_TRUE(opener.isEnabled());
-}
-
-TEST(IntadForm, EmptyPostalCodeClearsTheTownAndZerosAreMasks) {
-    TestWorkstation test;
-    test.data().execute("insert into intezet (Int_nev, City, irsz, Bankszamla, Adoig_szam) values "
-                        "('<b>név</b>', 'Pécs', '7621', '0', '0')");
-    intad form(test.workstation, nullptr);
-    open(form);
-    auto* code = form.findChild<QLineEdit*>(QStringLiteral("irsz"));
-    auto* town = form.findChild<QLineEdit*>(QStringLiteral("City"));
-    EXPECT_EQ(town->text(), QStringLiteral("Pécs"));
-    EXPECT_EQ(form.findChild<MaskedField*>(QStringLiteral("Bankszamla"))->value(),
-              QStringLiteral("        -        -        "));
-    EXPECT_EQ(form.findChild<MaskedField*>(QStringLiteral("Adoig_szam"))->value(),
-              QStringLiteral("        - -  "));
-    code->setFocus();
-    code->selectAll();
-    press(Qt::Key_Backspace);
-    EXPECT_EQ(town->text(), QString());
 }
 
 TEST(GepazonForm, StoresThreeCharactersAndCloses) {
@@ -129,19 +101,17 @@ TEST(GepazonForm, StoresThreeCharactersAndCloses) {
     QWidget opener;
     gepazonform form(test.workstation, &opener);
     open(form);
-    EXPECT_EQ(focusName(), QStringLiteral("Gepazon"));
-    press(Qt::Key_Return);
-    test.dialogue.expect(QStringLiteral("Nem maradhat üresen a gépazonosító mező!"),
-                         QStringLiteral("Figyelmeztetés"));
-    press(Qt::Key_Return);
+    EXPECT_EQ(focusName(), u"Gepazon"_s);
+    pressKey(Qt::Key_Return);
+    test.dialogue.expect(u"Nem maradhat üresen a gépazonosító mező!"_s, u"Figyelmeztetés"_s);
+    pressKey(Qt::Key_Return);
     EXPECT_TRUE(form.isVisible());
-    EXPECT_EQ(focusName(), QStringLiteral("Gepazon"));
-    type(QStringLiteral("R0123"));
-    press(Qt::Key_Return);
-    press(Qt::Key_Return);
+    EXPECT_EQ(focusName(), u"Gepazon"_s);
+    enter(u"R0123"_s);
+    pressKey(Qt::Key_Return);
     EXPECT_FALSE(form.isVisible());
     EXPECT_TRUE(opener.isEnabled());
-    EXPECT_EQ(firstText(test.data(), "select Gepazon from Gepazonosito"), QStringLiteral("R01"));
+    EXPECT_EQ(firstText(test.data(), "select Gepazon from Gepazonosito"), u"R01"_s);
 }
 
 TEST(NemForm, DisablesItsCallerAndClosesOnlyWithItsButton) {
@@ -150,13 +120,13 @@ TEST(NemForm, DisablesItsCallerAndClosesOnlyWithItsButton) {
     open(caller);
     nemform note;
     StatusNote& port = note;
-    auto* text = note.findChild<QLabel*>(QStringLiteral("szoveg"));
-    auto* button = note.findChild<QPushButton*>(QStringLiteral("OK"));
+    auto* text = note.findChild<QLabel*>(u"szoveg"_s);
+    auto* button = note.findChild<QPushButton*>(u"OK"_s);
 
-    port.showNote(QStringLiteral("Kiírás: <b>1</b>"), false);
+    port.showNote(u"Kiírás: <b>1</b>"_s, false);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&note));
-    EXPECT_EQ(note.windowTitle(), QStringLiteral("Figyelmeztetés"));
-    EXPECT_EQ(text->text(), QStringLiteral("Kiírás: <b>1</b>"));
+    EXPECT_EQ(note.windowTitle(), u"Figyelmeztetés"_s);
+    EXPECT_EQ(text->text(), u"Kiírás: <b>1</b>"_s);
     EXPECT_EQ(text->textFormat(), Qt::PlainText);
     EXPECT_FALSE(caller.isEnabled());
     for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return})
@@ -166,17 +136,17 @@ TEST(NemForm, DisablesItsCallerAndClosesOnlyWithItsButton) {
     EXPECT_TRUE(note.isVisible());
 
     for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
-        port.showNote(QStringLiteral("Kész"), true);
+        port.showNote(u"Kész"_s, true);
         ASSERT_TRUE(QTest::qWaitForWindowActive(&note));
         EXPECT_FALSE(caller.isEnabled());
-        press(key);
+        pressKey(key);
         EXPECT_FALSE(note.isVisible());
         EXPECT_TRUE(caller.isEnabled());
         ASSERT_TRUE(QTest::qWaitForWindowActive(&caller));
     }
 
     note.showFor(&caller);
-    EXPECT_EQ(text->text(), QStringLiteral("A kódszótár nem módosítható!"));
+    EXPECT_EQ(text->text(), u"A kódszótár nem módosítható!"_s);
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_TRUE(caller.isEnabled());
 }
@@ -185,27 +155,27 @@ TEST(SmallWindows, EnvironmentAndAboutBox) {
     TestWorkstation test;
     kornyform environment(test.workstation, nullptr);
     open(environment);
-    EXPECT_EQ(environment.windowTitle(), QStringLiteral("Környezet"));
-    EXPECT_EQ(environment.findChild<QLabel*>(QStringLiteral("datum"))->text(), QStringLiteral("2008.04.03."));
-    EXPECT_EQ(environment.findChild<QLabel*>(QStringLiteral("ido"))->text(), QStringLiteral("14:05:09"));
-    press(Qt::Key_Escape);
+    EXPECT_EQ(environment.windowTitle(), u"Környezet"_s);
+    EXPECT_EQ(environment.findChild<QLabel*>(u"datum"_s)->text(), u"2008.04.03."_s);
+    EXPECT_EQ(environment.findChild<QLabel*>(u"ido"_s)->text(), u"14:05:09"_s);
+    pressKey(Qt::Key_Escape);
     EXPECT_FALSE(environment.isVisible());
 
     QWidget opener;
     frmAbout about(test.workstation, &opener);
     open(about);
-    auto* machine = about.findChild<QPlainTextEdit*>(QStringLiteral("rendszerinformacio"));
+    auto* machine = about.findChild<QPlainTextEdit*>(u"rendszerinformacio"_s);
     EXPECT_FALSE(machine->isVisible());
-    about.findChild<QPushButton*>(QStringLiteral("cmdSysInfo"))->setFocus();
-    press(Qt::Key_Return);
+    about.findChild<QPushButton*>(u"cmdSysInfo"_s)->setFocus();
+    pressKey(Qt::Key_Return);
     EXPECT_TRUE(machine->isVisible());
     const QStringList lines = machine->toPlainText().split(QLatin1Char('\n'));
     ASSERT_EQ(lines.size(), 11);
-    EXPECT_EQ(lines[6], QStringLiteral("Programmappa: ") + test.directory.path());
-    EXPECT_EQ(lines[9], QStringLiteral("Qt: ") + QLatin1String(qVersion()));
+    EXPECT_EQ(lines[6], u"Programmappa: "_s + test.directory.path());
+    EXPECT_EQ(lines[9], u"Qt: "_s + QLatin1String(qVersion()));
     for (const QString& line : lines)
-        EXPECT_FALSE(line.section(QLatin1String(": "), 1).trimmed().isEmpty()) << line.toStdString();
-    press(Qt::Key_Escape);
+        EXPECT_FALSE(line.section(": "_L1, 1).trimmed().isEmpty()) << line.toStdString();
+    pressKey(Qt::Key_Escape);
     EXPECT_TRUE(opener.isEnabled());
 }
 

@@ -9,76 +9,44 @@ namespace vandrel::test {
 
 namespace {
 
-const QString storedQuestion = QStringLiteral("Adatok eltárolása megtörtént!\nKíván új beteget rögzíteni?");
+const QString storedQuestion = u"Adatok eltárolása megtörtént!\nKíván új beteget rögzíteni?"_s;
 const QString registerQuestion =
-    QStringLiteral("Ilyen TAJ számú beteg nincs a Páciens törzsben!\nKivánja most rögzíteni?");
+    u"Ilyen TAJ számú beteg nincs a Páciens törzsben!\nKivánja most rögzíteni?"_s;
 
-// From the patient's type on to the birth date of somebody who is not in the register.
+const QString hostile = u"O'Brien %_\"; <b>x</b> & 漢 'or 1=1--"_s;
+
+// From the patient's type on to the birth date of somebody who is not in the register; empty: only Enter.
 void typeNewPatient() {
-    enter(u"1"_s);
-    enter(u"Ősz Ödön"_s);
-    enter(u"1012"_s);
-    enter();
-    enter(u"Kő köz 3."_s);
-    enter();
-    enter(u"Tóth Ilona"_s);
-    enter();
-    enter();
-    enter();
+    for (const QString& text : {u"1"_s, hostile, u"1012"_s, QString(), u"Kő köz 3."_s, QString(),
+                                u"Tóth Ilona"_s, hostile, QString(), QString()})
+        enter(text);
     EXPECT_EQ(focusName(), u"F_datum"_s);
-    enter();
-    enter();
-    enter(u"1"_s);
-    enter(u"19580704"_s);
+    for (const QString& text : {QString(), QString(), u"1"_s, u"19580704"_s})
+        enter(text);
     EXPECT_EQ(focusName(), u"Terites"_s);
 }
 
 } // namespace
 
-TEST(Tetad, NewSheetStandsOnTheForm) {
-    SheetScreen screen;
-    screen.open();
+using Tetad = SheetTest;
+
+TEST_F(Tetad, NewSheetStandsOnTheForm) {
     EXPECT_EQ(focusName(), u"Szakrend"_s);
-    EXPECT_EQ(screen.label("Azonosito"), u"A010000042"_s);
-    EXPECT_EQ(screen.label("modszoveg"), QString());
-    EXPECT_EQ(screen.label("Int_nev"), u"Városi <Rendelő> & Társa"_s);
-    EXPECT_EQ(screen.label("Int_cim"), u"6720 - Szeged"_s);
-    EXPECT_EQ(screen.label("ma"), u"2008.04.03."_s);
-    const std::pair<const char*, const char16_t*> defaults[] = {
-        {"Szakrend", u""},
-        {"Naplo", u"1"},
-        {"Szem_szam", u""},
-        {"Allampol_rov", u"HUN"},
-        {"F_datum", u"2008.04.03."},
-        {"F_ido", u"14:05"},
-        {"Terites", u"01"},
-        {"Baleset", u"00"},
-        {"Ell_tip", u"1"},
-        {"Tova", u"0"},
-        {"EU_LAP", u"0"},
-        {"ElszNyil", u"10"},
-        {"VizDijOsszeg", u"0"},
-        {"Termen", u"0"},
-        {"MENNY", u"1"},
-        {"BeavJelleg", u"V"},
-        {"Jav", u"0"},
-        {"Enaplo", u"0"},
-        {"Edatum", u"    .  .  ."},
-        {"Labor", u"0"},
-        {"Recept", u"0"},
-    };
-    for (const auto& [name, value] : defaults)
-        EXPECT_EQ(screen.text(name), QString::fromUtf16(value)) << name;
-    EXPECT_FALSE(screen.visible("Felh1"));
-    for (QLineEdit* edit : screen.form.findChildren<QLineEdit*>())
+    EXPECT_EQ(texts("Azonosito modszoveg Int_nev Int_cim ma"),
+              u"A010000042||Városi <Rendelő> & Társa|6720 - Szeged|2008.04.03."_s);
+    EXPECT_EQ(
+        texts("Szakrend Naplo Szem_szam Allampol_rov F_datum F_ido Terites Baleset Ell_tip Tova EU_LAP"),
+        u"|1||HUN|2008.04.03.|14:05|01|00|1|0|0"_s);
+    EXPECT_EQ(texts("ElszNyil VizDijOsszeg Termen MENNY BeavJelleg Jav Enaplo Edatum Labor Recept"),
+              u"10|0|0|1|V|0|0|    .  .  .|0|0"_s);
+    EXPECT_FALSE(visible("Felh1"));
+    for (QLineEdit* edit : form.findChildren<QLineEdit*>())
         if (!edit->objectName().startsWith("qt_"_L1) && !edit->objectName().startsWith("Felh"_L1)) {
             EXPECT_NE(edit->accessibleName(), QString()) << edit->objectName().toStdString();
         }
 }
 
-TEST(Tetad, EnterFollowsTheOrderOfEntry) {
-    SheetScreen screen;
-    screen.open();
+TEST_F(Tetad, EnterFollowsTheOrderOfEntry) {
     typeText(u"010000001"_s);
     QStringList order{focusName()};
     for (int i = 0; i < 60 && focusName() != "BEAV"_L1; ++i) {
@@ -95,47 +63,36 @@ TEST(Tetad, EnterFollowsTheOrderOfEntry) {
         "City Cim Allampol_rov Anyja_neve Leanykori_neve KgySzam KgyLe F_datum F_ido Nem Szul_dat Terites "
         "TerReszlDij Baleset Ell_tip Tova EU_LAP ElszNyil VizitDij VizDijOsszeg VizitdijFizMod Diag1 Diag2 "
         "Diag3 Diag4 Diag5 BEAV"_s);
-    pressKey(Qt::Key_Up);
-    EXPECT_EQ(focusName(), u"Diag5"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Up), u"Diag5"_s);
     pressKey(Qt::Key_Down);
-    pressKey(Qt::Key_Down);
-    EXPECT_EQ(focusName(), u"MENNY"_s);
-    pressKey(Qt::Key_Up);
-    EXPECT_EQ(focusName(), u"BEAV"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Down), u"MENNY"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Up), u"BEAV"_s);
     // Without the category "0R" there is no part fee on the way; an empty second diagnosis ends the list.
-    screen.go("Terites");
-    enter(u"01"_s);
+    fill({{"Terites", u"01"}});
     EXPECT_EQ(focusName(), u"Baleset"_s);
-    screen.go("Diag2");
+    go("Diag2");
     pressKey(Qt::Key_Delete);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"BEAV"_s);
-    screen.go("Diag2");
-    pressKey(Qt::Key_Down);
-    EXPECT_EQ(focusName(), u"Diag3"_s);
-    screen.go("MENNY");
-    pressKey(Qt::Key_Tab);
-    EXPECT_EQ(focusName(), u"BeavJelleg"_s);
-    screen.go("VizDijOsszeg");
-    pressKey(Qt::Key_Tab);
-    EXPECT_EQ(focusName(), u"Termen"_s);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(focusName(), u"VizitdijFizMod"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"BEAV"_s);
+    go("Diag2");
+    EXPECT_EQ(pressKey(Qt::Key_Down), u"Diag3"_s);
+    go("MENNY");
+    EXPECT_EQ(pressKey(Qt::Key_Tab), u"BeavJelleg"_s);
+    go("VizDijOsszeg");
+    EXPECT_EQ(pressKey(Qt::Key_Tab), u"Termen"_s);
+    EXPECT_EQ(pressKey(Qt::Key_Return), u"VizitdijFizMod"_s);
 }
 
-TEST(Tetad, WholeSheetIsTypedAndStoredWithoutMouse) {
-    SheetScreen screen;
-    screen.open();
+TEST_F(Tetad, WholeSheetIsTypedAndStoredWithoutMouse) {
     enter(u"010000001"_s);
-    EXPECT_EQ(screen.text("Orvkod"), u"11111"_s);
-    EXPECT_EQ(screen.text("Naplo"), u"13"_s);
+    EXPECT_EQ(texts("Orvkod Naplo"), u"11111|13"_s);
     enter();
-    enter(u"090012345"_s);
+    enter(u"'; drop"_s);
     enter(u"54321"_s);
     enter();
     enter(u"20080401"_s);
     enter();
-    enter(u"111111110"_s);
+    dialogue.expect(u"A TAJ számnak 9 számjegyűnek kell lennie !"_s, u"Hiba!"_s);
+    enter(u"'%_<b>"_s); // told, and taken all the same
     typeNewPatient();
     enter(u"0R"_s);
     enter(u"1500"_s);
@@ -143,20 +100,16 @@ TEST(Tetad, WholeSheetIsTypedAndStoredWithoutMouse) {
         enter();
     enter(); // the fee code becomes "01"
     enter(u"300"_s);
-    enter(u"01"_s);
-    EXPECT_EQ(focusName(), u"Diag1"_s);
+    EXPECT_EQ(enter(u"01"_s), u"Diag1"_s);
     enter(u"i10h0"_s);
-    EXPECT_EQ(screen.label("Diag1_nev"), u"Magas vérnyomás"_s);
-    enter();
-    EXPECT_EQ(focusName(), u"BEAV"_s);
+    EXPECT_EQ(label("Diag1_nev"), u"Magas vérnyomás"_s);
+    EXPECT_EQ(enter(), u"BEAV"_s);
     enter(u"11041"_s); // adds the line at once
     EXPECT_EQ(focusName(), u"BEAV"_s);
     typeText(u"42400"_s);
     pressKey(Qt::Key_Down);
-    enter(u"3"_s);
-    EXPECT_EQ(focusName(), u"BEAV"_s);
-    pressKey(Qt::Key_E, Qt::ControlModifier);
-    EXPECT_EQ(focusName(), u"Labor"_s);
+    EXPECT_EQ(enter(u"3"_s), u"BEAV"_s);
+    EXPECT_EQ(pressKey(Qt::Key_E, Qt::ControlModifier), u"Labor"_s);
     enter(u"2"_s);
     for (int i = 0; i < 5; ++i)
         enter();
@@ -166,214 +119,127 @@ TEST(Tetad, WholeSheetIsTypedAndStoredWithoutMouse) {
     enter(); // the last field of the frame: back to the sheet
     EXPECT_EQ(focusName(), u"BEAV"_s);
     pressKey(Qt::Key_N, Qt::ControlModifier);
-    typeText(u"Első sor őű"_s);
-    pressKey(Qt::Key_Return);
+    enter(u"Első sor őű"_s);
     typeText(u"második"_s);
     pressKey(Qt::Key_Escape);
-    screen.dialogue.expectQuestion(registerQuestion, Answer::yes, u"Kérdés"_s);
-    screen.dialogue.expectQuestion(storedQuestion, Answer::yes);
-    pressKey(Qt::Key_W, Qt::ControlModifier);
-    EXPECT_TRUE(screen.dialogue.allShown());
+    dialogue.expectQuestion(registerQuestion, Answer::yes, u"Kérdés"_s);
+    dialogue.expectQuestion(storedQuestion, Answer::yes);
+    store();
+    EXPECT_TRUE(dialogue.allShown());
 
-    EXPECT_EQ(
-        firstText(screen.setUp.data(),
-                  "select AZONOSITO||'|'||SZAKREND||'|'||ORVKOD||'|'||IGENYLO||'|'||BeutOrvos||'|'||"
-                  "BeutaloKelte||'|'||NAPLO||'|'||SZEM_SZAM||'|'||PaciensId||'|'||TERITES||'|'||"
-                  "TerReszlDij||'|'||VizitDij||'|'||VizDijOsszeg||'|'||VizitdijFizMod||'|'||DIAG1||'|'||"
-                  "LABOR||'|'||RECEPT||'|'||F_DATUM||'|'||F_IDO||'|'||NOTE from BETEG"),
-        u"A010000042|010000001|11111|090012345|54321|2008.04.01.|13|111111110|8|0R|1500.0|01|300|01|I10H0"
-        "|2|4|2008.04.03.|14:05:00|Első sor őű\nmásodik"_s);
-    EXPECT_EQ(firstText(screen.setUp.data(), "select group_concat(BEAV||'*'||MENNY||BeavJelleg) from EUSZOLG "
-                                             "where Azonosito='A010000042'"),
+    EXPECT_EQ(stored("select AZONOSITO||'|'||SZAKREND||'|'||ORVKOD||'|'||IGENYLO||'|'||BeutOrvos||'|'||"
+                     "BeutaloKelte||'|'||NAPLO||'|'||SZEM_SZAM||'|'||PaciensId||'|'||TERITES||'|'||"
+                     "TerReszlDij||'|'||VizitDij||'|'||VizDijOsszeg||'|'||VizitdijFizMod||'|'||DIAG1||'|'||"
+                     "LABOR||'|'||RECEPT||'|'||F_DATUM||'|'||F_IDO||'|'||NOTE from BETEG"),
+              u"A010000042|010000001|11111|'; drop|54321|2008.04.01.|13|'%_<b>|8|0R|1500.0|01|300|01|I10H0"
+              "|2|4|2008.04.03.|14:05:00|Első sor őű\nmásodik"_s);
+    EXPECT_EQ(stored("select group_concat(BEAV||'*'||MENNY||BeavJelleg) from EUSZOLG "
+                     "where Azonosito='A010000042'"),
               u"11041*1V,42400*3V"_s);
-    EXPECT_EQ(
-        firstText(screen.setUp.data(),
-                  "select Neve||'|'||Irszam||'|'||City||'|'||Cim||'|'||Anyja_neve||'|'||Nem||'|'||Szul_Dat"
-                  " from Paciensek where TAJ='111111110'"),
-        u"Ősz Ödön|1012|Budapest 12|Kő köz 3.|Tóth Ilona|1|1958.07.04."_s);
+    EXPECT_EQ(stored("select "
+                     "Neve||'|'||Irszam||'|'||City||'|'||Cim||'|'||Anyja_neve||'|'||Nem||'|'||Szul_"
+                     "Dat||'|'||Leanykori_neve"
+                     " from Paciensek where ID=8"),
+              hostile + u"|1012|Budapest 12|Kő köz 3.|Tóth Ilona|1|1958.07.04.|"_s + hostile);
     // The next sheet stands there as a fresh one.
-    EXPECT_EQ(screen.label("Azonosito"), u"A010000043"_s);
+    EXPECT_EQ(label("Azonosito"), u"A010000043"_s);
     EXPECT_EQ(focusName(), u"Szakrend"_s);
-    EXPECT_EQ(screen.text("Szakrend"), u"010000001"_s);
-    EXPECT_EQ(screen.text("Naplo"), u"14"_s);
-    EXPECT_EQ(screen.text("Neve"), QString());
-    EXPECT_EQ(screen.text("Terites"), u"01"_s);
-    EXPECT_EQ(screen.form.fields().NOTE, QString());
+    EXPECT_EQ(texts("Szakrend Naplo Neve Terites"), u"010000001|14||01"_s);
+    EXPECT_EQ(form.fields().NOTE, QString());
 }
 
-TEST(Tetad, RefusedStoreGoesToTheField) {
-    SheetScreen screen;
-    screen.open();
-    screen.dialogue.expect(u"Lakcím-Város nincs kitöltve!"_s);
-    pressKey(Qt::Key_W, Qt::ControlModifier);
-    EXPECT_EQ(focusName(), u"Irszam"_s);
+TEST_F(Tetad, RefusedStoreGoesToTheField) {
+    dialogue.expect(u"Lakcím-Város nincs kitöltve!"_s);
+    EXPECT_EQ(store(), u"Irszam"_s);
     // From inside the other data the frame makes way.
-    pressKey(Qt::Key_E, Qt::ControlModifier);
-    EXPECT_EQ(focusName(), u"Labor"_s);
-    screen.dialogue.expect(u"Lakcím-Város nincs kitöltve!"_s);
-    pressKey(Qt::Key_W, Qt::ControlModifier);
-    EXPECT_EQ(focusName(), u"Irszam"_s);
-    EXPECT_FALSE(screen.visible("egyeb_keret"));
-    // A fault of the data file leaves everything as it is.
-    typeText(u"6720"_s);
-    screen.go("Szakrend");
-    enter(u"010000001"_s);
-    screen.go("Szem_szam");
-    typeText(u"123456788"_s);
-    screen.go("Azon_tipus");
-    screen.setUp.data().executeScript("create trigger stop before insert on BETEG begin select "
-                                      "raise(abort, 'nem megy'); end");
-    const SheetFields before = screen.form.fields();
-    screen.dialogue.expect(u"tetdata.mdb: az adat nem tárolható (nem megy)"_s, u"Hiba"_s);
-    pressKey(Qt::Key_W, Qt::ControlModifier);
-    EXPECT_EQ(focusName(), u"Azon_tipus"_s);
-    EXPECT_TRUE(screen.form.isVisible());
-    EXPECT_EQ(screen.form.fields().Neve, before.Neve);
-    EXPECT_EQ(firstText(screen.setUp.data(), "select count(*) from BETEG"), u"0"_s);
+    EXPECT_EQ(pressKey(Qt::Key_E, Qt::ControlModifier), u"Labor"_s);
+    dialogue.expect(u"Lakcím-Város nincs kitöltve!"_s);
+    EXPECT_EQ(store(), u"Irszam"_s);
+    EXPECT_FALSE(visible("egyeb_keret"));
+    // A full disk leaves everything as it is, and the same key stores once there is room.
+    fill({{"Irszam", u"6720"}, {"Szakrend", u"010000001"}});
+    type("Szem_szam", u"123456788"_s);
+    SheetFields fields = form.fields();
+    fields.NOTE = QString(20'000, u'x');
+    form.setFields(fields);
+    go("Azon_tipus");
+    stored("pragma max_page_count=1"); // the engine takes it as the file's present size
+    dialogue.expect(u"tetdata.mdb: a lemez megtelt (database or disk is full)"_s, u"Hiba"_s);
+    EXPECT_EQ(store(), u"Azon_tipus"_s);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(form.fields().Neve + form.fields().NOTE, fields.Neve + fields.NOTE);
+    EXPECT_EQ(stored("select count(*) from BETEG"), u"0"_s);
+    stored("pragma max_page_count=1000000");
+    dialogue.expectQuestion(storedQuestion, Answer::no);
+    store();
+    EXPECT_EQ(stored("select AZONOSITO||length(NOTE) from BETEG"), u"A01000004220000"_s);
 }
 
-TEST(Tetad, LeavingKeepsTheLinesForTheNextSheet) {
-    SheetScreen screen;
-    screen.open();
-    screen.go("BEAV");
-    enter(u"11301"_s);
-    screen.go("Anyja_neve"); // empty and mandatory: no obstacle to going
+TEST_F(Tetad, LeavingKeepsTheLinesForTheNextSheet) {
+    fill({{"BEAV", u"11301"}});
+    go("Anyja_neve"); // empty and mandatory: no obstacle to going
     pressKey(Qt::Key_X, Qt::ControlModifier);
-    EXPECT_FALSE(screen.form.isVisible());
-    screen.open();
-    EXPECT_EQ(screen.label("Azonosito"), u"A010000042"_s);
-    EXPECT_EQ(firstText(screen.setUp.data(), "select BEAV from EUSZOLG where Azonosito='A010000042'"),
-              u"11301"_s);
-    EXPECT_EQ(screen.form.findChild<QTableWidget*>(u"EUSZOLG"_s)->item(0, 0)->text(), u"11301"_s);
-    EXPECT_EQ(screen.label("BEAV_NEV"), u"Kontrollvizsgálat"_s);
+    EXPECT_FALSE(form.isVisible());
+    open();
+    EXPECT_EQ(label("Azonosito"), u"A010000042"_s);
+    EXPECT_EQ(stored("select BEAV from EUSZOLG where Azonosito='A010000042'"), u"11301"_s);
+    EXPECT_EQ(form.findChild<QTableWidget*>(u"EUSZOLG"_s)->item(0, 0)->text(), u"11301"_s);
+    EXPECT_EQ(label("BEAV_NEV"), u"Kontrollvizsgálat"_s);
 }
 
 // The window's own button closes the form while its dictionary stands before it: no check runs any more.
-TEST(Tetad, GoesWithItsDictionaryAndChecksNothing) {
-    SheetScreen screen;
-    screen.open();
-    screen.go("Diag1");
-    typeText(u"X9"_s); // there is no such code: leaving the field would say so
+TEST_F(Tetad, GoesWithItsDictionaryAndChecksNothing) {
+    type("Diag1", u"X9"_s); // there is no such code: leaving the field would say so
     pressKey(Qt::Key_F1);
-    ASSERT_TRUE(screen.form.dictionary().isVisible());
-    screen.form.close();
+    ASSERT_TRUE(form.dictionary().isVisible());
+    form.close();
     QCoreApplication::processEvents();
-    EXPECT_FALSE(screen.form.dictionary().isVisible());
-    EXPECT_FALSE(screen.form.isVisible());
-    EXPECT_EQ(screen.form.dictionary().returnMarker(), 0);
+    EXPECT_FALSE(form.dictionary().isVisible());
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(form.dictionary().returnMarker(), 0);
 }
 
-TEST(Tetad, StoredCorrectionWritesOverItsSheetWithoutAWord) {
-    SheetScreen screen;
-    screen.open();
+TEST_F(Tetad, StoredCorrectionWritesOverItsSheetWithoutAWord) {
     enter(u"010000001"_s);
-    screen.go("Szem_szam");
-    typeText(u"123456788"_s);
-    screen.go("BEAV");
-    enter(u"11041"_s);
-    screen.dialogue.expectQuestion(storedQuestion, Answer::no);
-    pressKey(Qt::Key_W, Qt::ControlModifier);
-    EXPECT_FALSE(screen.form.isVisible());
+    type("Szem_szam", u"123456788"_s);
+    fill({{"BEAV", u"11041"}});
+    dialogue.expectQuestion(storedQuestion, Answer::no);
+    store();
+    EXPECT_FALSE(form.isVisible());
 
-    screen.setUp.data().execute("update BETEG set FLOPPY=3");
-    SheetFields stored = screen.form.fields();
-    stored.correction = true;
-    screen.form.setFields(stored);
-    screen.form.present();
-    ASSERT_TRUE(showActive(screen.form));
-    screen.go("Jav");
-    enter(u"2"_s);
-    enter(u"010000002"_s);
-    EXPECT_EQ(focusName(), u"Edatum"_s);
+    setUp.data().execute("update BETEG set FLOPPY=3");
+    SheetFields fields = form.fields();
+    fields.correction = true;
+    form.setFields(fields);
+    form.present();
+    ASSERT_TRUE(showActive(form));
+    fill({{"Jav", u"2"}});
+    EXPECT_EQ(enter(u"010000002"_s), u"Edatum"_s);
     typeText(u"20080303"_s);
-    screen.go("Tova");
-    typeText(u"7"_s);
-    pressKey(Qt::Key_W, Qt::ControlModifier);
-    EXPECT_TRUE(screen.form.isVisible());
+    type("Tova", u"7"_s);
+    store();
+    EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(focusName(), u"Tova"_s);
     EXPECT_EQ(
-        firstText(screen.setUp.data(),
-                  "select count(*)||'|'||JAV||'|'||ER_AZON||'|'||EDATUM||'|'||TOVA||'|'||FLOPPY from BETEG"),
+        stored("select count(*)||'|'||JAV||'|'||ER_AZON||'|'||EDATUM||'|'||TOVA||'|'||FLOPPY from BETEG"),
         u"1|2|010000002|2008.03.03.|7|0"_s);
 }
 
 // A field that has the focus at the store is checked like one that was left.
-TEST(Tetad, StoreChecksTheFieldThatHasTheFocus) {
-    SheetScreen screen;
-    screen.open();
+TEST_F(Tetad, StoreChecksTheFieldThatHasTheFocus) {
     enter(u"010000001"_s);
-    screen.go("Szem_szam");
-    typeText(u"123456788"_s);
-    screen.go("Diag1");
-    typeText(u"QQQQQ"_s);
-    screen.dialogue.expect(u"Nincs ilyen 'BNO kód'!"_s, u"Hiba"_s);
-    pressKey(Qt::Key_W, Qt::ControlModifier);
-    EXPECT_EQ(focusName(), u"Diag1"_s);
-    EXPECT_EQ(firstText(screen.setUp.data(), "select count(*) from BETEG"), u"0"_s);
-    screen.go("Cim");
-    typeText(u"abc"_s);
+    type("Szem_szam", u"123456788"_s);
+    type("Diag1", u"QQQQQ"_s);
+    dialogue.expect(u"Nincs ilyen 'BNO kód'!"_s, u"Hiba"_s);
+    EXPECT_EQ(store(), u"Diag1"_s);
+    EXPECT_EQ(stored("select count(*) from BETEG"), u"0"_s);
+    type("Cim", u"abc"_s);
     pressKey(Qt::Key_K, Qt::ControlModifier); // not there yet, and no editing key either
-    EXPECT_EQ(screen.text("Cim"), u"abc"_s);
-}
-
-TEST(Tetad, CorrectionStaysOpenAndFollowsNoUnit) {
-    SheetScreen screen;
-    screen.open();
-    SheetFields fields = screen.form.fields();
-    fields.correction = true;
-    fields.Azonosito = u"A010000007"_s;
-    fields.Szakrend = u"999999999"_s; // no longer in the dictionary, and may stay
-    fields.Naplo = u"5"_s;
-    fields.Cim = QString(10000, u'x');
-    screen.form.setFields(fields);
-    screen.form.present();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(screen.label("modszoveg"), u"Javítás"_s);
-    EXPECT_EQ(focusName(), u"Szakrend"_s);
-    pressKey(Qt::Key_Return);
-    EXPECT_EQ(screen.text("Naplo"), u"5"_s);
-    EXPECT_EQ(screen.form.fields().Szakrend, u"999999999"_s);
-    EXPECT_EQ(screen.form.fields().Cim.size(), 10000);
-}
-
-TEST(Tetad, HostileTextIsKeptToTheLetter) {
-    SheetScreen screen;
-    screen.open();
-    screen.go("Szakrend");
-    enter(u"010000001"_s);
-    const QString hostile = u"O'Brien %_\"; <b>x</b> & 漢 'or 1=1--"_s;
-    screen.go("Szem_szam");
-    typeText(u"'%_<b>"_s);
-    screen.dialogue.expect(u"A TAJ számnak 9 számjegyűnek kell lennie !"_s, u"Hiba!"_s);
-    pressKey(Qt::Key_Return);
-    enter(u"1"_s);
-    enter(hostile);
-    enter(u"6720"_s);
-    enter();
-    enter(hostile);
-    enter();
-    enter(hostile);
-    for (const char* name : {"Leanykori_neve", "KgySzam"}) {
-        EXPECT_EQ(focusName(), QString::fromLatin1(name));
-        enter(hostile);
-    }
-    screen.go("Nem");
-    enter(u"2"_s);
-    enter(u"19600101"_s);
-    screen.go("Igenylo");
-    enter(u"'; drop"_s);
-    screen.dialogue.expectQuestion(registerQuestion, Answer::yes, u"Kérdés"_s);
-    screen.dialogue.expectQuestion(storedQuestion, Answer::no);
-    pressKey(Qt::Key_W, Qt::ControlModifier);
-    EXPECT_FALSE(screen.form.isVisible());
-    EXPECT_EQ(
-        firstText(screen.setUp.data(), "select Neve||'|'||Anyja_neve||'|'||TAJ from Paciensek where ID=8"),
-        hostile + u'|' + hostile + u"|'%_<b>"_s);
-    EXPECT_EQ(firstText(screen.setUp.data(), "select IGENYLO from BETEG"), u"'; drop"_s);
+    EXPECT_EQ(text("Cim"), u"abc"_s);
 }
 
 // As the program runs it: it opens with its content, is deleted when it closes, and the opener waits.
-TEST(Tetad, GivesTheOpenerBackAndGoes) {
+TEST(TetadOpener, GivesTheOpenerBackAndGoes) {
     SheetScreen screen;
     QWidget opener;
     opener.show();
@@ -389,25 +255,11 @@ TEST(Tetad, GivesTheOpenerBackAndGoes) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(there, nullptr);
     EXPECT_TRUE(opener.isEnabled());
-    // Without its data file there is no new sheet: a box, and the opener is there again.
-    screen.setUp.workstation.files.close(DataFile::tetdata);
-    QFile::remove(screen.setUp.path(u"tetdata.mdb"_s));
-    auto* other = new tetad(screen.setUp.workstation, &opener);
-    other->setAttribute(Qt::WA_DeleteOnClose);
-    const QPointer<QWidget> gone = other;
-    screen.dialogue.expect(u"Nem található a tetdata.mdb állomány!"_s, u"Hiba"_s);
-    other->Uj();
-    EXPECT_FALSE(other->isVisible());
-    EXPECT_TRUE(opener.isEnabled());
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(gone, nullptr);
 }
 
 // What a stored sheet holds goes over the form and back without a change, over-long and odd as it may be.
-TEST(Tetad, EveryFieldGivesBackWhatItWasGiven) {
-    SheetScreen screen;
-    screen.open();
-    SheetFields given = screen.form.fields();
+TEST_F(Tetad, EveryFieldGivesBackWhatItWasGiven) {
+    SheetFields given = form.fields();
     given.correction = true;
     for (const SheetFieldName& field : sheetFieldNames()) {
         QString& value = field.of(given);
@@ -415,11 +267,20 @@ TEST(Tetad, EveryFieldGivesBackWhatItWasGiven) {
         value = u"O'Brien %_\"; <b>x</b>\n& 漢 "_s + QString::fromLatin1(field.name) + QString(2000, u'ű');
     }
     given.Terites = u"0R"_s;
-    screen.form.setFields(given);
-    SheetFields back = screen.form.fields();
+    form.setFields(given);
+    SheetFields back = form.fields();
     for (const SheetFieldName& field : sheetFieldNames())
         EXPECT_EQ(field.of(back), field.of(given)) << field.name;
     EXPECT_TRUE(back.correction);
+    // A correction keeps a unit that is no longer in the dictionary and follows no unit.
+    given.Szakrend = u"999999999"_s;
+    given.Naplo = u"5"_s;
+    form.setFields(given);
+    form.present();
+    EXPECT_EQ(label("modszoveg"), u"Javítás"_s);
+    EXPECT_EQ(focusName(), u"Szakrend"_s);
+    enter();
+    EXPECT_EQ(texts("Szakrend Naplo"), u"999999999|5"_s);
 }
 
 } // namespace vandrel::test

@@ -5,14 +5,15 @@
 
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 namespace {
 
-const QString errorTitle = QStringLiteral("Hiba");
+const QString errorTitle = u"Hiba"_s;
 
 struct Broken {
-    const char* file;
     DataFile id;
     const char* script; // empty: the file is taken away
     const char* message;
@@ -29,23 +30,23 @@ TEST(StartChecks, HealthyFolderSaysNothing) {
 
 TEST(StartChecks, LostOrDamagedFilesAreNamedAndNeverReplaced) {
     const Broken cases[] = {
-        {"tetdata.mdb", DataFile::tetdata, "", "Nem található a tetdata.mdb állomány!", false},
-        {"tetmod.mdb", DataFile::tetmod, "", "Nem található a tetmod.mdb állomány!", false},
-        {"beav.mdb", DataFile::beav, "", "Nem található a beav.mdb állomány!", false},
-        {"diagnos.mdb", DataFile::diagnos, "", "Nem található a diagnos.mdb állomány!", false},
-        {"tetseged.mdb", DataFile::tetseged, "", "Nem található a tetseged.mdb állomány!", false},
-        {"tetdata.mdb", DataFile::tetdata, "drop table BETEG",
+        {DataFile::tetdata, "", "Nem található a tetdata.mdb állomány!", false},
+        {DataFile::tetmod, "", "Nem található a tetmod.mdb állomány!", false},
+        {DataFile::beav, "", "Nem található a beav.mdb állomány!", false},
+        {DataFile::diagnos, "", "Nem található a diagnos.mdb állomány!", false},
+        {DataFile::tetseged, "", "Nem található a tetseged.mdb állomány!", false},
+        {DataFile::tetdata, "drop table BETEG",
          "A(z) tetdata.mdb állományban nem található a(z) BETEG tábla!", false},
-        {"tetmod.mdb", DataFile::tetmod, "alter table ORVOSOK drop column RANG",
+        {DataFile::tetmod, "alter table ORVOSOK drop column RANG",
          "A(z) tetmod.mdb állomány ORVOSOK táblájában nem található a(z) RANG mező!", false},
-        {"TAJKapu.mdb", DataFile::TAJKapu, "", "Nem található a TAJKapu.mdb állomány!", true},
-        {"TAJKapu.mdb", DataFile::TAJKapu, "drop table Ellenor",
+        {DataFile::TAJKapu, "", "Nem található a TAJKapu.mdb állomány!", true},
+        {DataFile::TAJKapu, "drop table Ellenor",
          "A(z) TAJKapu.mdb állományban nem található a(z) Ellenor tábla!", true},
     };
     for (const Broken& broken : cases) {
         SCOPED_TRACE(broken.message);
         TestWorkstation test;
-        const QString path = test.path(QLatin1String(broken.file));
+        const QString path = test.workstation.files.path(broken.id);
         if (*broken.script != 0)
             test.workstation.files[broken.id].executeScript(broken.script);
         else
@@ -58,20 +59,13 @@ TEST(StartChecks, LostOrDamagedFilesAreNamedAndNeverReplaced) {
 
 TEST(StartChecks, EveryLostFileIsTold) {
     TestWorkstation test;
-    ASSERT_TRUE(QFile::remove(test.path(QStringLiteral("tetmod.mdb"))));
-    QFile text(test.path(QStringLiteral("diagnos.mdb")));
-    ASSERT_TRUE(text.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    text.write("this is no data file at all, but long enough to look like one " + QByteArray(600, 'x'));
-    text.close();
-    test.dialogue.expect(QStringLiteral("Nem található a tetmod.mdb állomány!"), errorTitle);
-    QString damaged;
-    try {
-        test.workstation.files[DataFile::diagnos].query("select 1 from DIAGNOS").next();
-    } catch (const Fault& fault) {
-        damaged = fault.text();
-    }
-    ASSERT_TRUE(damaged.contains(QLatin1String("diagnos.mdb"))) << damaged.toStdString();
-    test.dialogue.expect(damaged, errorTitle);
+    ASSERT_TRUE(QFile::remove(test.path(u"tetmod.mdb"_s)));
+    makeFile(test.path(u"diagnos.mdb"_s),
+             "this is no data file at all, but long enough to look like one " + QByteArray(600, 'x'));
+    EXPECT_EQ(faultOf([&] { test.workstation.files[DataFile::tetmod]; }), fault::dataFileMissing);
+    EXPECT_EQ(faultOf([&] { test.workstation.files[DataFile::diagnos]; }), fault::dataFileDamaged);
+    test.dialogue.expect(u"Nem található a tetmod.mdb állomány!"_s, errorTitle);
+    test.dialogue.expect(u"diagnos.mdb: az adatállomány sérült (file is not a database)"_s, errorTitle);
     EXPECT_FALSE(examineDataFiles(test.workstation));
 }
 
@@ -81,48 +75,45 @@ TEST(StartChecks, FilesOfOtherScreensMayBeAway) {
          {"td2.mdb", "ZEKA.mdb", "osszedata.mdb", "gyogysz2.mdb", "gyogysz.mdb", "setup.ini"})
         ASSERT_TRUE(QFile::remove(test.path(QLatin1String(name)))) << name;
     EXPECT_TRUE(examineDataFiles(test.workstation));
-    EXPECT_FALSE(QFile::exists(test.path(QStringLiteral("osszedata.mdb"))));
+    EXPECT_FALSE(QFile::exists(test.path(u"osszedata.mdb"_s)));
 }
 
 TEST(StartChecks, DatabaseFormat) {
-    struct Case {
+    const struct {
         const char* script;
         bool good;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"alter table Tranzakciok drop column TAJ", false},
         {"alter table Tranzakciok rename column TAJ to taj", true}, // names know no case
         {"drop table Tranzakciok", true}, // cannot be opened: no matter of this check
     };
-    for (const Case& entry : cases) {
+    for (const auto& entry : cases) {
         SCOPED_TRACE(entry.script);
         TestWorkstation test;
         test.workstation.files[DataFile::TAJKapu].executeScript(entry.script);
         if (!entry.good) {
             EXPECT_TRUE(examineDataFiles(test.workstation)); // without a box of its own
             test.dialogue.expect(
-                QStringLiteral(
-                    "Az Ön adatbázis formátuma a 2.21-es verziónak nem felel meg, ezért konvertálásra "
-                    "van szükség, mely kevesebb, mint 1 perc alatt lezajlik.\nA konvertálás "
-                    "megkezdéséhez a Szerviz tevékenységek->Konvertálás->Vandrel 2.21-re menüpontot "
-                    "kell elindítani!"),
+                u"Az Ön adatbázis formátuma a 2.21-es verziónak nem felel meg, ezért konvertálásra "
+                "van szükség, mely kevesebb, mint 1 perc alatt lezajlik.\nA konvertálás "
+                "megkezdéséhez a Szerviz tevékenységek->Konvertálás->Vandrel 2.21-re menüpontot "
+                "kell elindítani!"_s,
                 programTitle, Icon::warning);
         }
         EXPECT_EQ(VerzioEllenorzesek(test.workstation), entry.good);
     }
     TestWorkstation lost;
-    ASSERT_TRUE(QFile::remove(lost.path(QStringLiteral("TAJKapu.mdb"))));
+    ASSERT_TRUE(QFile::remove(lost.path(u"TAJKapu.mdb"_s)));
     EXPECT_TRUE(VerzioEllenorzesek(lost.workstation));
-    EXPECT_FALSE(QFile::exists(lost.path(QStringLiteral("TAJKapu.mdb"))));
+    EXPECT_FALSE(QFile::exists(lost.path(u"TAJKapu.mdb"_s)));
 }
 
 TEST(StartChecks, SeeThroughFlag) {
-    struct Case {
+    const struct {
         const char* script;
         bool before;
         bool after;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"update EGYEBPAR set Attunes=1", false, true},
         {"update EGYEBPAR set Attunes=-1", false, true}, // True as older data have it
         {"update EGYEBPAR set Attunes=0", true, false},
@@ -132,7 +123,7 @@ TEST(StartChecks, SeeThroughFlag) {
         {"drop table EGYEBPAR", false, false}, // a fault is silent and changes nothing
         {"drop table EGYEBPAR", true, true},
     };
-    for (const Case& entry : cases) {
+    for (const auto& entry : cases) {
         SCOPED_TRACE(entry.script);
         TestWorkstation test;
         test.data().executeScript(entry.script);
@@ -143,39 +134,37 @@ TEST(StartChecks, SeeThroughFlag) {
     TestWorkstation test;
     test.data().executeScript("insert into EGYEBPAR (Attunes) values (1)");
     clearAttunes(test.workstation);
-    EXPECT_EQ(firstText(test.data(), "select group_concat(Attunes) from EGYEBPAR"), QStringLiteral("0,1"));
+    EXPECT_EQ(firstText(test.data(), "select group_concat(Attunes) from EGYEBPAR"), u"0,1"_s);
     test.data().executeScript("drop table EGYEBPAR");
     EXPECT_NO_THROW(clearAttunes(test.workstation));
 }
 
 TEST(StartChecks, InstitutionQuestion) {
-    const QString question = QStringLiteral("Az intézeti adatok nincsenek kitöltve!Kívánja most kitölteni?");
+    const QString question = u"Az intézeti adatok nincsenek kitöltve!Kívánja most kitölteni?"_s;
     TestWorkstation test;
     QStringList warnings;
     test.dialogue.expectQuestion(question, Answer::yes);
     EXPECT_EQ(checkInstitution(test.workstation, warnings), InstitutionAnswer::fillNow);
     test.dialogue.expectQuestion(question, Answer::no);
     EXPECT_EQ(checkInstitution(test.workstation, warnings), InstitutionAnswer::fillLater);
-    EXPECT_EQ(warnings,
-              QStringList({QStringLiteral("Az intézeti adatok nincsenek kitöltve!"),
-                           QStringLiteral("Az intézeti adatok nincsenek kitöltve! Kitöltés: Szerviz "
-                                          "tevékenységek->Intézmény")}));
+    EXPECT_EQ(warnings, QStringList({u"Az intézeti adatok nincsenek kitöltve!"_s,
+                                     u"Az intézeti adatok nincsenek kitöltve! Kitöltés: Szerviz "
+                                     "tevékenységek->Intézmény"_s}));
     test.data().execute("insert into intezet (Int_nev) values ('x')");
     EXPECT_EQ(checkInstitution(test.workstation, warnings), InstitutionAnswer::filled);
     EXPECT_EQ(warnings.size(), 2);
 }
 
 TEST(StartChecks, FirstStartWarnings) {
-    const QString doctors = QStringLiteral("Orvoskódok nincsenek kitöltve! Kitöltés: Szerviz "
-                                           "tevékenységek->Adatbázisok karbantartása->Orvoskódok");
-    const QString units = QStringLiteral("Szakrendelő kódok nincsenek kitöltve! Kitöltés: Szerviz "
-                                         "tevékenységek->Adatbázisok karbantartása->Szakrendelő kódszótár");
-    struct Case {
+    const QString doctors = u"Orvoskódok nincsenek kitöltve! Kitöltés: Szerviz "
+                            "tevékenységek->Adatbázisok karbantartása->Orvoskódok"_s;
+    const QString units = u"Szakrendelő kódok nincsenek kitöltve! Kitöltés: Szerviz "
+                          "tevékenységek->Adatbázisok karbantartása->Szakrendelő kódszótár"_s;
+    const struct {
         const char* dictionaries;
         const char* flag;
         QStringList warnings;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"", "update Beallitasok set Elso_inditas=1", {doctors, units}},
         {"insert into ORVOSOK (ORVKOD) values ('1')", "update Beallitasok set Elso_inditas=-1", {units}},
         {"insert into SZAKREND (REND_KOD) values ('1')", "", {doctors}},
@@ -183,7 +172,7 @@ TEST(StartChecks, FirstStartWarnings) {
         {"", "update Beallitasok set Elso_inditas=null", {}},
         {"", "delete from Beallitasok", {}},
     };
-    for (const Case& entry : cases) {
+    for (const auto& entry : cases) {
         SCOPED_TRACE(entry.flag);
         TestWorkstation test;
         test.dictionaries().executeScript(entry.dictionaries);

@@ -105,7 +105,7 @@ QString text(Dice& dice, int pieces, int tags, long mode) {
 plain::Item item(Dice& dice, bool small) {
     plain::Item item;
     item.scaleMode = dice.once(3) ? 1 : dice.once(8) ? 11 : 6;
-    const int pieces = dice.once(12) ? 0 : 1 + dice.below(dice.once(6) ? 150 : small ? 12 : 40);
+    const int pieces = dice.once(12) ? 0 : 1 + dice.below(dice.once(6) ? 120 : small ? 12 : 40);
     item.text = text(dice, pieces, dice.once(4) ? 0 : 1 + dice.below(9), item.scaleMode);
     item.fontName = dice.pick({"Arial", "Arial", "Courier New"});
     item.fontSize = static_cast<float>(dice.once(3) ? 6 + dice.below(20) / 2.0 : 10);
@@ -169,7 +169,7 @@ void fill(qcTextItem& target, const plain::Item& from) {
 QString difference(const qcTextItem& item, const plain::Item& told) {
     QStringList all;
     const auto compare = [&](const char* name, double is, double should) {
-        if (std::abs(is - should) > 0.01)
+        if (std::abs(is - should) > 0.01 + std::abs(should) * 1e-6) // kept in single precision
             all << QStringLiteral("%1 is %2, not %3").arg(QLatin1String(name)).arg(is).arg(should);
     };
     compare("LineCount", item.LineCount(), told.lineCount);
@@ -236,7 +236,8 @@ QString difference(qcPrinter& document, plain::Document& told, Dice& dice) {
             return QStringLiteral("item %1: %2 in \"%3\"").arg(number).arg(wrong, should.text.left(300));
     }
     const int pages = document.Pages();
-    for (int draw = 0; draw < std::min(pages + 1, 5); ++draw) {
+    const int draws = pages > 60 ? 2 : std::min(pages + 1, 5);
+    for (int draw = 0; draw < draws; ++draw) {
         const int first = 1 + dice.below(std::max(pages, 1));
         const int last = draw == 0 ? std::min(first + 5, pages) : first;
         RecordingPage is, should;
@@ -281,7 +282,7 @@ int change(qcPrinter& document, plain::Document& told, Dice& dice) {
 // What differs first in the document of that seed.
 QString differenceOf(unsigned seed, int& pages) {
     Dice dice(seed);
-    const bool tiny = dice.once(3);
+    const bool tiny = dice.once(6);
     PaperSize paper{3000.0 + dice.below(5000), 2000.0 + dice.below(6000)};
     if (tiny) paper = {1500.0 + dice.below(900), 1000.0 + dice.below(900)};
     PrintStand stand(paper.width, paper.height);
@@ -328,13 +329,12 @@ QString differenceOf(unsigned seed, int& pages) {
         return QStringLiteral("%1 pages, not %2").arg(pages).arg(should);
     QString wrong = difference(document, told, dice);
     // Something is written, and what was found out before must not be taken for true any more.
-    for (int write = 0; write < 2 && wrong.isEmpty(); ++write) {
+    for (int write = 0; write < 2 && pages < 100 && wrong.isEmpty(); ++write) {
         const int kind = change(document, told, dice);
-        if (const int should = stand.engine.NeedsPaging ? told.paginate() : pages;
-            (pages = document.Pages()) != should)
-            wrong = QStringLiteral("%1 pages, not %2").arg(pages).arg(should);
-        else
-            wrong = difference(document, told, dice);
+        if (stand.engine.NeedsPaging) told.paginate();
+        pages = document.Pages();
+        wrong = pages == told.pages() ? difference(document, told, dice)
+                                      : QStringLiteral("%1 pages, not %2").arg(pages).arg(told.pages());
         if (!wrong.isEmpty()) wrong = QStringLiteral("after change %1: %2").arg(kind).arg(wrong);
     }
     return wrong;

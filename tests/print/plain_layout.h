@@ -46,6 +46,7 @@ class Document {
     QString appName;
 
     int paginate();
+    int pages() const { return m_pages; }
     void walk(PageTarget& target, int startPage, int endPage); // after paginate()
 
   private:

@@ -6,6 +6,8 @@
 #include "reports/write_back.h"
 #include "support/report_data.h"
 
+using namespace Qt::StringLiterals;
+
 using namespace vandrel;
 using namespace vandrel::test;
 
@@ -29,18 +31,17 @@ TEST(ReportPeriod, Defaults) {
 }
 
 TEST(ReportPeriod, OnlyUnfilledMasksAreRefused) {
-    const QString empty = QStringLiteral("    .  "), full = QStringLiteral("2008.03"),
-                  odd = QStringLiteral("9   .99");
+    const QString empty = u"    .  "_s, full = u"2008.03"_s, odd = u"9   .99"_s;
     const struct {
         ReportRequest request;
         QString message;
     } cases[] = {
-        {{QStringLiteral("0"), empty, empty, empty}, QStringLiteral("Hibás induló dátum!")},
-        {{QStringLiteral("0"), full, empty, empty}, QStringLiteral("Hibás vég dátum!")},
-        {{QStringLiteral("0"), full, full, empty}, {}},
-        {{QStringLiteral("0"), odd, odd, empty}, {}},
-        {{QStringLiteral("1"), full, full, empty}, QStringLiteral("Hibás elszámolási időszak dátum!")},
-        {{QStringLiteral("E"), full, empty, empty}, {}},
+        {{u"0"_s, empty, empty, empty}, u"Hibás induló dátum!"_s},
+        {{u"0"_s, full, empty, empty}, u"Hibás vég dátum!"_s},
+        {{u"0"_s, full, full, empty}, {}},
+        {{u"0"_s, odd, odd, empty}, {}},
+        {{u"1"_s, full, full, empty}, u"Hibás elszámolási időszak dátum!"_s},
+        {{u"E"_s, full, empty, empty}, {}},
     };
     for (const auto& expected : cases)
         EXPECT_EQ(checkPeriods(expected.request), expected.message);
@@ -65,58 +66,51 @@ TEST(Selection, ThePeriodComparesSevenCharacters) {
                            "'2008.03.雪'",  "' '",           "null",          "'2008.0'"};
     int key = 0;
     for (const char* date : dates)
-        addSheet(test, ++key, {{"F_DATUM", date}}, {});
-    EXPECT_EQ(due(test, Selection::original, "2008.03", "2008.03"), QStringLiteral("1 3 5 6"));
-    EXPECT_EQ(due(test, Selection::original, "2008.02", "2008.03"), QStringLiteral("1 2 3 5 6"));
+        putSheet(test, ++key, std::string("F_DATUM=") + date);
+    EXPECT_EQ(due(test, Selection::original, "2008.03", "2008.03"), u"1 3 5 6"_s);
+    EXPECT_EQ(due(test, Selection::original, "2008.02", "2008.03"), u"1 2 3 5 6"_s);
     EXPECT_EQ(due(test, Selection::original, "2008.04", "2008.03"), QString());
-    EXPECT_EQ(due(test, Selection::original, "2008.0 ", "2008.04"), QStringLiteral("1 2 3 4 5 6"));
+    EXPECT_EQ(due(test, Selection::original, "2008.0 ", "2008.04"), u"1 2 3 4 5 6"_s);
     // Texts of another length take the plain comparison.
-    EXPECT_EQ(due(test, Selection::original, "2008.0", "2008.03"), QStringLiteral("1 2 3 5 6 9"));
-    EXPECT_EQ(due(test, Selection::original, "", "2008.1"), QStringLiteral("1 2 3 4 5 6 7 9"));
+    EXPECT_EQ(due(test, Selection::original, "2008.0", "2008.03"), u"1 2 3 5 6 9"_s);
+    EXPECT_EQ(due(test, Selection::original, "", "2008.1"), u"1 2 3 4 5 6 7 9"_s);
 }
 
 TEST(Selection, CorrectedSheetsGoToTheirOwnTableWithTheirOwnMark) {
     TestWorkstation test;
     addReportMasterData(test);
     const std::vector<LineData> lines(7, {"'11041'", "1", "'A'"});
-    addSheet(test, 1,
-             {{"JAV", "'1'"},
-              {"FLOPPY", "1"},
-              {"ER_AZON", "'020000002'"},
-              {"ENAPLO", "'77'"},
-              {"EDATUM", "'2008.01.05.'"},
-              {"PaciensId", "1"}},
-             lines);
-    addSheet(test, 2, {{"JAV", "'2'"}}, {});
-    addSheet(test, 3, {{"JAV", "'0'"}}, lines);
-    addSheet(test, 4, {{"JAV", "'1'"}, {"FLOPPY2", "1"}}, lines);
+    putSheet(test, 1,
+             "JAV='1', FLOPPY=1, ER_AZON='020000002', ENAPLO='77', EDATUM='2008.01.05.', PaciensId=1", lines);
+    putSheet(test, 2, "JAV='2'");
+    putSheet(test, 3, "JAV='0'", lines);
+    putSheet(test, 4, "JAV='1', FLOPPY2=1", lines);
     EventTurn turn({});
     ReportProgress progress;
-    const auto sheets = dueSheets(test.workstation, Selection::corrected, QStringLiteral("2008.03"),
-                                  QStringLiteral("2008.03"), turn);
+    const auto sheets = dueSheets(test.workstation, Selection::corrected, u"2008.03"_s, u"2008.03"_s, turn);
     EXPECT_EQ(flattenSheets(test.workstation, Selection::corrected, sheets, turn, progress), 2);
     EXPECT_EQ(firstText(test.data(), "select group_concat(FLOPPY || FLOPPY2, ' ') from BETEG"),
-              QStringLiteral("11 01 00 01"));
+              u"11 01 00 01"_s);
     Database& scratch = test.workstation.files[DataFile::tetseged];
     EXPECT_EQ(firstText(scratch, "select group_concat(coalesce(Jav || Er_azon || Enaplo || ' ' || Edatum || "
                                  "Taj, 'null') || Naplo || Who_1, '|') from Leval_jav"),
-              QStringLiteral("102000000277 200801051111111101"
-                             "11041|null111041"));
-    EXPECT_EQ(firstText(scratch, "select count(*) from Leval_er"), QStringLiteral("0"));
+              u"102000000277 200801051111111101"
+              "11041|null111041"_s);
+    EXPECT_EQ(firstText(scratch, "select count(*) from Leval_er"), u"0"_s);
 }
 
 TEST(Selection, AFeeIsWrittenAsTheProgramWritesNumbers) {
     TestWorkstation test;
     int key = 0;
     for (const char* fee : {"null", "0", "1500", "12.5", "-0.25", "'  '", "'x'"})
-        addSheet(test, ++key, {{"TerReszlDij", fee}}, {{"'11041'", "1"}});
+        putSheet(test, ++key, std::string("TerReszlDij=") + fee, {{"'11041'", "1"}});
     EventTurn turn({});
     ReportProgress progress;
     flattenSheets(test.workstation, Selection::original, {1, 2, 3, 4, 5, 6, 7}, turn, progress);
     // A text in the number column is not told to be a fee of 0.
     EXPECT_EQ(firstText(test.workstation.files[DataFile::tetseged],
                         "select group_concat(coalesce(Rterdij, 'null'), '|') from Leval_er"),
-              QStringLiteral("null|0|1500|12,5|-0,25|  |x"));
+              u"null|0|1500|12,5|-0,25|  |x"_s);
 }
 
 TEST(FaultPolicy, RetryAndSkip) {
@@ -143,19 +137,17 @@ TEST(FaultPolicy, RetryAndSkip) {
 }
 
 TEST(ReportTarget, Texts) {
-    EXPECT_TRUE(isDriveText(QStringLiteral("a:\\")));
-    EXPECT_FALSE(isDriveText(QStringLiteral("/media/a:")));
+    EXPECT_TRUE(isDriveText(u"a:\\"_s));
+    EXPECT_FALSE(isDriveText(u"/media/a:"_s));
     const QString separator = QDir::separator();
-    EXPECT_EQ(withClosingSeparator(QStringLiteral("/media/kulcs")),
-              QStringLiteral("/media/kulcs") + separator);
-    EXPECT_EQ(withClosingSeparator(QStringLiteral("/media/kulcs//")),
-              QStringLiteral("/media/kulcs") + separator);
-    EXPECT_EQ(withClosingSeparator(QStringLiteral("/")), QStringLiteral("/"));
-    EXPECT_EQ(withoutClosingSeparator(QStringLiteral("/")), QStringLiteral("/"));
+    EXPECT_EQ(withClosingSeparator(u"/media/kulcs"_s), u"/media/kulcs"_s + separator);
+    EXPECT_EQ(withClosingSeparator(u"/media/kulcs//"_s), u"/media/kulcs"_s + separator);
+    EXPECT_EQ(withClosingSeparator(u"/"_s), u"/"_s);
+    EXPECT_EQ(withoutClosingSeparator(u"/"_s), u"/"_s);
 }
 
 TEST(WriteBack, EachOptionClearsItsOwnMarks) {
-    const QString march = QStringLiteral("2008.03");
+    const QString march = u"2008.03"_s;
     const struct {
         WriteBack option;
         const char* left; // FLOPPY and FLOPPY2 of the sheets marked 10, 01, 11, 00, and of one in April
@@ -165,40 +157,38 @@ TEST(WriteBack, EachOptionClearsItsOwnMarks) {
                  {WriteBack::both, "00 00 00 00 11", 3}};
     for (const auto& expected : cases) {
         TestWorkstation test;
-        addSheet(test, 1, {{"FLOPPY", "1"}}, {});
-        addSheet(test, 2, {{"FLOPPY2", "1"}, {"JAV", "'1'"}}, {});
-        addSheet(test, 3, {{"FLOPPY", "1"}, {"FLOPPY2", "1"}}, {});
-        addSheet(test, 4, {}, {});
-        addSheet(test, 5, {{"FLOPPY", "1"}, {"FLOPPY2", "1"}, {"F_DATUM", "'2008.04.01.'"}}, {});
-        test.dialogue.expect(QStringLiteral("Kész az adatvisszaállítás!"), programTitle, Icon::information);
+        putSheet(test, 1, "FLOPPY=1");
+        putSheet(test, 2, "FLOPPY2=1, JAV='1'");
+        putSheet(test, 3, "FLOPPY=1, FLOPPY2=1");
+        putSheet(test, 4);
+        putSheet(test, 5, "FLOPPY=1, FLOPPY2=1, F_DATUM='2008.04.01.'");
+        test.dialogue.expect(u"Kész az adatvisszaállítás!"_s, programTitle, Icon::information);
         EXPECT_EQ(writeBackMarks(test.workstation, march, march, expected.option, {}).sheets,
                   expected.sheets);
         EXPECT_EQ(firstText(test.data(), "select group_concat(FLOPPY || FLOPPY2, ' ') from BETEG"),
                   QLatin1String(expected.left));
-        EXPECT_EQ(firstText(test.data(), "select group_concat(JAV, '') from BETEG"), QStringLiteral("01000"));
+        EXPECT_EQ(firstText(test.data(), "select group_concat(JAV, '') from BETEG"), u"01000"_s);
     }
 }
 
 TEST(WriteBack, NothingFoundAndFaults) {
     TestWorkstation test;
-    const QString march = QStringLiteral("2008.03");
-    addSheet(test, 1, {{"FLOPPY", "1"}}, {});
-    addSheet(test, 2, {{"FLOPPY", "1"}}, {});
-    test.dialogue.expect(QStringLiteral("Nincs visszaállítható adat!"), programTitle, Icon::warning);
+    const QString march = u"2008.03"_s;
+    putSheet(test, 1, "FLOPPY=1");
+    putSheet(test, 2, "FLOPPY=1");
+    test.dialogue.expect(u"Nincs visszaállítható adat!"_s, programTitle, Icon::warning);
     writeBackMarks(test.workstation, march, march, WriteBack::corrected, {});
-    const QString empty = QStringLiteral("    .  ");
-    test.dialogue.expect(QStringLiteral("Nem adott meg -Tól értéket!"));
-    EXPECT_EQ(writeBackMarks(test.workstation, empty, empty, WriteBack::both, {}).field,
-              QStringLiteral("from"));
-    test.dialogue.expect(QStringLiteral("Nem adott meg -Ig értéket!"));
-    EXPECT_EQ(writeBackMarks(test.workstation, march, empty, WriteBack::both, {}).field,
-              QStringLiteral("to"));
+    const QString empty = u"    .  "_s;
+    test.dialogue.expect(u"Nem adott meg -Tól értéket!"_s);
+    EXPECT_EQ(writeBackMarks(test.workstation, empty, empty, WriteBack::both, {}).field, u"from"_s);
+    test.dialogue.expect(u"Nem adott meg -Ig értéket!"_s);
+    EXPECT_EQ(writeBackMarks(test.workstation, march, empty, WriteBack::both, {}).field, u"to"_s);
     // A fault leaves every mark as it was.
     test.data().executeScript("create trigger refuse before update on BETEG when old.AZONOSITO='TST0000002' "
                               "begin select raise(abort, 'no'); end");
-    test.dialogue.expect(QStringLiteral("Az adatvisszaállítás nem sikerült, az adatok nem változtak!\n"
-                                        "tetdata.mdb: az adat nem tárolható (no)"),
-                         QStringLiteral("Hiba"));
+    test.dialogue.expect(u"Az adatvisszaállítás nem sikerült, az adatok nem változtak!\n"
+                         "tetdata.mdb: az adat nem tárolható (no)"_s,
+                         u"Hiba"_s);
     writeBackMarks(test.workstation, march, march, WriteBack::original, {});
-    EXPECT_EQ(firstText(test.data(), "select sum(FLOPPY) from BETEG"), QStringLiteral("2"));
+    EXPECT_EQ(firstText(test.data(), "select sum(FLOPPY) from BETEG"), u"2"_s);
 }

@@ -3,8 +3,9 @@
 
 #include "foundation/look_ups.h"
 
-#include "foundation/look_ups.h"
 #include "support/test_workstation.h"
+
+using namespace Qt::StringLiterals;
 
 namespace vandrel::test {
 
@@ -12,33 +13,32 @@ namespace {
 
 InstitutionFields good() {
     InstitutionFields result;
-    result.Int_nev = QStringLiteral("Dr. O'Hara rendelője");
-    result.Gyogyi_kod = QStringLiteral("1234");
-    result.Orv_kod = QStringLiteral("54321");
-    result.Szakrend_kod = QStringLiteral("123456789");
-    result.irsz = QStringLiteral("1011");
-    result.City = QStringLiteral("Budapest");
-    result.cim = QStringLiteral("Fő utca 1.");
-    result.Bankszamla = QStringLiteral("11111111-22222222-33333333");
-    result.Adoig_szam = QStringLiteral("12345678-1-42");
-    result.NBK_KOD = QStringLiteral("N123");
-    result.Login = QStringLiteral("őrző");
-    result.Password = QStringLiteral("titok=[1];");
+    result.Int_nev = u"Dr. O'Hara rendelője"_s;
+    result.Gyogyi_kod = u"1234"_s;
+    result.Orv_kod = u"54321"_s;
+    result.Szakrend_kod = u"123456789"_s;
+    result.irsz = u"1011"_s;
+    result.City = u"Budapest"_s;
+    result.cim = u"Fő utca 1."_s;
+    result.Bankszamla = u"11111111-22222222-33333333"_s;
+    result.Adoig_szam = u"12345678-1-42"_s;
+    result.NBK_KOD = u"N123"_s;
+    result.Login = u"őrző"_s;
+    result.Password = u"titok=[1];"_s;
     return result;
 }
 
 } // namespace
 
 TEST(InstitutionFields, ChecksInOrder) {
-    struct Step {
+    // From the last check to the first: each fault hides those behind it.
+    const struct {
         QString InstitutionFields::*member;
         const char* value;
         const char* field;
         const char* status;
         const char* box;
-    };
-    // From the last check to the first: each fault hides those behind it.
-    const Step steps[] = {
+    } steps[] = {
         {&InstitutionFields::NBK_KOD, "123 ", "NBK_KOD", "", "Hiba: az intézet NBK kódja 4 jegyű!"},
         {&InstitutionFields::Szakrend_kod, "12345678", "Szakrend_kod", "",
          "Hiba: a szakrendelő kódja 9 jegyű!"},
@@ -55,7 +55,7 @@ TEST(InstitutionFields, ChecksInOrder) {
     };
     InstitutionFields fields = good();
     EXPECT_EQ(checkInstitutionFields(fields).field, QString());
-    for (const Step& step : steps) {
+    for (const auto& step : steps) {
         SCOPED_TRACE(step.field);
         fields.*step.member = QString::fromUtf8(step.value);
         const InstitutionFault fault = checkInstitutionFields(fields);
@@ -67,28 +67,23 @@ TEST(InstitutionFields, ChecksInOrder) {
 
 TEST(InstitutionFields, LoginThatSetupIniWouldChangeIsRefused) {
     const QString longest(39, QLatin1Char('a'));
-    struct Case {
+    const struct {
         QString login;
         bool kept;
-    };
-    const Case cases[] = {{longest, true},
-                          {longest + QLatin1Char('a'), false},
-                          {QStringLiteral("\"a\""), false},
-                          {QStringLiteral("'"), true},
-                          {QStringLiteral("a "), false},
-                          {QStringLiteral("жук"), false},
-                          {QStringLiteral("a\n[VENY]"), false},
-                          {QString(), true}};
-    for (const Case& entry : cases) {
+    } cases[] = {{longest, true},         {longest + QLatin1Char('a'), false},
+                 {u"\"a\""_s, false},     {u"'"_s, true},
+                 {u"a "_s, false},        {u"жук"_s, false},
+                 {u"a\n[VENY]"_s, false}, {QString(), true}};
+    for (const auto& entry : cases) {
         SCOPED_TRACE(entry.login.toStdString());
         TestWorkstation test;
         InstitutionFields fields = good();
         fields.Login = entry.login;
-        EXPECT_EQ(checkInstitutionFields(fields).field, entry.kept ? QString() : QStringLiteral("Login"));
+        EXPECT_EQ(checkInstitutionFields(fields).field, entry.kept ? QString() : u"Login"_s);
         if (!entry.kept) continue;
         storeLogin(test.workstation, fields);
         EXPECT_EQ(loadInstitution(test.workstation).Login, entry.login);
-        EXPECT_EQ(loadInstitution(test.workstation).Password, QStringLiteral("titok=[1];"));
+        EXPECT_EQ(loadInstitution(test.workstation).Password, u"titok=[1];"_s);
     }
 }
 
@@ -96,11 +91,11 @@ TEST(InstitutionFields, EmptyTableGivesEmptyFieldsAndMasks) {
     TestWorkstation test;
     const InstitutionFields empty = loadInstitution(test.workstation);
     EXPECT_EQ(empty.Int_nev, QString());
-    EXPECT_EQ(empty.Bankszamla, QStringLiteral("        -        -        "));
-    EXPECT_EQ(empty.Adoig_szam, QStringLiteral("        - -  "));
+    EXPECT_EQ(empty.Bankszamla, u"        -        -        "_s);
+    EXPECT_EQ(empty.Adoig_szam, u"        - -  "_s);
     test.data().execute("insert into intezet (Int_nev, Bankszamla, Adoig_szam) values ('x', '0', ' 0')");
     const InstitutionFields zeros = loadInstitution(test.workstation);
-    EXPECT_EQ(zeros.Int_nev, QStringLiteral("x"));
+    EXPECT_EQ(zeros.Int_nev, u"x"_s);
     EXPECT_EQ(zeros.Bankszamla, emptyAccount);
     EXPECT_EQ(zeros.Adoig_szam, emptyTaxNumber);
 }
@@ -109,49 +104,37 @@ TEST(InstitutionFields, StoreAddsOneRowAndEditsIt) {
     TestWorkstation test;
     InstitutionFields fields = good();
     storeInstitution(test.workstation, fields);
-    fields.Int_nev = QStringLiteral("'; drop table intezet; --");
+    fields.Int_nev = u"'; drop table intezet; --"_s;
     fields.cim = QString();
     fields.Adoig_szam = emptyTaxNumber;
     storeInstitution(test.workstation, fields);
-    EXPECT_EQ(firstText(test.data(), "select count(*) from intezet"), QStringLiteral("1"));
+    EXPECT_EQ(firstText(test.data(), "select count(*) from intezet"), u"1"_s);
     EXPECT_EQ(
         firstText(test.data(),
                   "select Int_nev||'|'||Gyogyi_kod||'|'||Orv_kod||'|'||Szakrend_kod||'|'||irsz||'|'||City"
                   "||'|'||cim||'|'||Bankszamla||'|'||Adoig_szam||'|'||NBK_KOD from intezet"),
-        QStringLiteral("'; drop table intezet; --|1234|54321|123456789|1011|Budapest| "
-                       "|11111111-22222222-33333333|        - -  |N123"));
+        u"'; drop table intezet; --|1234|54321|123456789|1011|Budapest| "
+        "|11111111-22222222-33333333|        - -  |N123"_s);
     const InstitutionFields loaded = loadInstitution(test.workstation);
     EXPECT_EQ(loaded.Int_nev, fields.Int_nev);
     EXPECT_EQ(loaded.cim, QString());
 }
 
-TEST(InstitutionFields, TownOfPostalCodePrefix) {
-    TestWorkstation test;
-    test.dictionaries().executeScript("insert into IRSZ (IRSZ, NEV) values ('1011', 'Budapest I.'), ('9700', "
-                                      "'Szombathely'), ('9701', 'Másik'), ('97', 'Rövid')");
-    const std::pair<const char*, const char*> cases[] = {
-        {"", ""},  {"1", "Budapest I."}, {"97", "Szombathely"}, {"9701", "Másik"}, {"97011", ""},
-        {"%", ""}, {"' or 1=1 --", ""}};
-    for (const auto& [typed, town] : cases)
-        EXPECT_EQ(townByPrefix(test.workstation, QString::fromUtf8(typed)), QString::fromUtf8(town)) << typed;
-}
-
 TEST(WorkstationLabel, EmptyIsRefusedAndTheRowIsAddedOrEdited) {
     TestWorkstation test;
-    const QString refusal = QStringLiteral("Nem maradhat üresen a gépazonosító mező!");
-    test.dialogue.expect(refusal, QStringLiteral("Figyelmeztetés"));
-    EXPECT_FALSE(storeWorkstationLabel(test.workstation, QStringLiteral("  ")));
-    EXPECT_EQ(firstText(test.data(), "select Gepazon from Gepazonosito"), QString(QLatin1String("")));
-    EXPECT_TRUE(storeWorkstationLabel(test.workstation, QStringLiteral("A01")));
-    EXPECT_TRUE(storeWorkstationLabel(test.workstation, QStringLiteral("B'2")));
-    EXPECT_EQ(firstText(test.data(), "select group_concat(Gepazon) from Gepazonosito"),
-              QStringLiteral("B'2"));
-    EXPECT_EQ(workstationLabel(test.workstation), QStringLiteral("B'2"));
-    EXPECT_EQ(firstText(test.data(), "select END_AZON from AZONOSIT"), QStringLiteral("0000000000"));
+    const QString refusal = u"Nem maradhat üresen a gépazonosító mező!"_s;
+    test.dialogue.expect(refusal, u"Figyelmeztetés"_s);
+    EXPECT_FALSE(storeWorkstationLabel(test.workstation, u"  "_s));
+    EXPECT_EQ(firstText(test.data(), "select Gepazon from Gepazonosito"), QString(""_L1));
+    EXPECT_TRUE(storeWorkstationLabel(test.workstation, u"A01"_s));
+    EXPECT_TRUE(storeWorkstationLabel(test.workstation, u"B'2"_s));
+    EXPECT_EQ(firstText(test.data(), "select group_concat(Gepazon) from Gepazonosito"), u"B'2"_s);
+    EXPECT_EQ(workstationLabel(test.workstation), u"B'2"_s);
+    EXPECT_EQ(firstText(test.data(), "select END_AZON from AZONOSIT"), u"0000000000"_s);
     test.data().execute("delete from Gepazonosito");
     EXPECT_EQ(workstationLabel(test.workstation), QString());
-    EXPECT_TRUE(storeWorkstationLabel(test.workstation, QStringLiteral("C03")));
-    EXPECT_EQ(workstationLabel(test.workstation), QStringLiteral("C03"));
+    EXPECT_TRUE(storeWorkstationLabel(test.workstation, u"C03"_s));
+    EXPECT_EQ(workstationLabel(test.workstation), u"C03"_s);
 }
 
 } // namespace vandrel::test

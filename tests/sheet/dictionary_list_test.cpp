@@ -16,13 +16,12 @@ TEST(DictionaryList, FindsByBeginningOfCodeAndInsideOfName) {
     const DictionaryList list(setUp.workstation, Dictionary::diagnoses);
     ASSERT_EQ(list.count(), 5);
     EXPECT_EQ(list.at(2).name, QString());
-    struct Case {
+    const struct {
         SearchBy by;
         const char16_t* text;
         int from;
         int row;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {SearchBy::code, u"b1", 0, 0},   {SearchBy::code, u"B1", 1, 2},    {SearchBy::code, u"B1", 3, -1},
         {SearchBy::code, u"A2'", 0, 4},  {SearchBy::code, u"", 0, 0},      {SearchBy::code, u"", 4, 4},
         {SearchBy::code, u"a*", 0, -1},  {SearchBy::name, u"LÁZ", 0, 0},   {SearchBy::name, u"láz", 1, 1},
@@ -30,7 +29,7 @@ TEST(DictionaryList, FindsByBeginningOfCodeAndInsideOfName) {
         {SearchBy::name, u"%", 2, -1},   {SearchBy::name, u"ő*z", 0, 0},   {SearchBy::name, u"l?z 1##", 0, 1},
         {SearchBy::name, u"xyz", 0, -1}, {SearchBy::name, u"láz", 5, -1},
     };
-    for (const Case& search : cases)
+    for (const auto& search : cases)
         EXPECT_EQ(list.find(search.by, QString::fromUtf16(search.text), search.from), search.row)
             << QString::fromUtf16(search.text).toStdString() << " from " << search.from;
 }

@@ -1,7 +1,6 @@
 // Where a new sheet gets its key, unit, doctor and journal number from, and the mending of lost counters.
 #include "sheet/counters.h"
-#include "sheet/procedure_lines.h"
-#include "sheet_samples.h"
+#include "support/sheet_samples.h"
 
 using namespace Qt::StringLiterals;
 
@@ -52,16 +51,6 @@ TEST(NewSheet, UnitDoctorAndJournal) {
     EXPECT_TRUE(unitDefaults(station.workstation, u" 010000002 "_s).found);
 }
 
-TEST(NewSheet, KeyIsNotReserved) {
-    LabelledStation station;
-    station.workstation.files[DataFile::beav].executeScript("insert into BEAV (BEAV_KOD) values ('11041')");
-    const QString key = makeNewSheet(station.workstation).fields.Azonosito;
-    ASSERT_EQ(addProcedureLine(station.workstation, key, u"11041"_s, u"1"_s, u"A"_s), AddLineOutcome::added);
-    // Left without storing: the next new sheet has the same key and shows the line.
-    EXPECT_EQ(makeNewSheet(station.workstation).fields.Azonosito, key);
-    EXPECT_EQ(procedureLines(station.workstation, key).size(), 1u);
-}
-
 TEST(NewSheet, RunningNumber) {
     LabelledStation station;
     const struct {
@@ -79,13 +68,8 @@ TEST(NewSheet, RunningNumber) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.last);
         station.data().execute("update AZONOSIT set END_AZON=?1", c.last);
-        int raised = 0;
         QString number;
-        try {
-            number = nextRunningNumber(station.workstation);
-        } catch (const Fault& fault) {
-            raised = fault.number();
-        }
+        const int raised = faultOf([&] { number = nextRunningNumber(station.workstation); });
         EXPECT_EQ(number, QString::fromUtf16(c.next));
         EXPECT_EQ(raised, c.fault);
     }

@@ -4,7 +4,7 @@
 #include "foundation/prefix_search.h"
 #include "platform/format.h"
 #include "platform/text_compare.h"
-#include "sheet_samples.h"
+#include "support/sheet_samples.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,7 +2,7 @@
 #include "sheet/sheet_store.h"
 
 #include "platform/format.h"
-#include "sheet_samples.h"
+#include "support/sheet_samples.h"
 
 #include <algorithm>
 
@@ -91,17 +91,6 @@ TEST(SheetChecks, WhatPasses) {
     EXPECT_EQ(checkSheet(station.workstation, fields).message, QString());
     fields.KER_NEV = u" "_s;
     EXPECT_EQ(checkSheet(station.workstation, fields).field, u"EU_LAP"_s);
-}
-
-TEST(SheetChecks, RefusedStoreWritesNothing) {
-    LabelledStation station;
-    SheetFields fields = goodSheet(station.workstation);
-    fields.Neve.clear();
-    station.dialogue.expect(u"Beteg neve nincs kitöltve!"_s);
-    const StoreResult result = storeSheet(station.workstation, fields);
-    EXPECT_EQ(result.outcome, StoreOutcome::refused);
-    EXPECT_EQ(result.field, u"Neve"_s);
-    EXPECT_EQ(station.count("BETEG") + station.count("Paciensek"), 0);
 }
 
 } // namespace vandrel::test

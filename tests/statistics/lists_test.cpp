@@ -201,6 +201,21 @@ TEST_F(ListsTest, TheUserMayBreakAListOff) {
     EXPECT_FALSE(empty());
 }
 
+TEST_F(ListsTest, NothingIsLockedWhileTheEventLoopRuns) {
+    int turns = 0;
+    Database other(clinic.workstation.files.path(DataFile::tetdata));
+    clinic.workstation.serveEvents = [&] {
+        ++turns;
+        other.execute("delete from BETEG where AZONOSITO='A010000001'");
+    };
+    // List 3 walks its sheets first, then the copies of their lines: the sheet's lines are copied by then.
+    ASSERT_EQ(run(StatisticsList::referrersMonthly), ListOutcome::ready);
+    EXPECT_GE(turns, 2);
+    EXPECT_TRUE(written().contains(u"9b|X9\n"_s));
+    ASSERT_EQ(run(StatisticsList::trafficLog), ListOutcome::ready);
+    EXPECT_TRUE(written().contains(u"Munkahely összesen:  4\n"_s));
+}
+
 TEST_F(ListsTest, TheItemisedListsGoOnOverFailingStatements) {
     removeFile(DataFile::beav);
     removeFile(DataFile::tetmod);

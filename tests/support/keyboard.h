@@ -21,18 +21,25 @@ inline void typeText(const QString& text) {
     }
 }
 
-// One key to whatever has the focus.
-inline void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    QWidget* target = QApplication::focusWidget();
-    if (target == nullptr) target = QApplication::activeWindow();
-    if (target == nullptr) return;
-    QTest::keyClick(target, key, modifiers);
-    QCoreApplication::processEvents();
-}
-
 // objectName of what has the focus; empty when nothing has.
 inline QString focusName() {
     return QApplication::focusWidget() != nullptr ? QApplication::focusWidget()->objectName() : QString();
+}
+
+// One key to whatever has the focus; gives back who has it then.
+inline QString pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWidget* target = QApplication::focusWidget();
+    if (target == nullptr) target = QApplication::activeWindow();
+    if (target == nullptr) return {};
+    QTest::keyClick(target, key, modifiers);
+    QCoreApplication::processEvents();
+    return focusName();
+}
+
+// Text, then Enter; gives back who has the focus then.
+inline QString enter(const QString& text = {}) {
+    typeText(text);
+    return pressKey(Qt::Key_Return);
 }
 
 } // namespace vandrel::test

@@ -15,37 +15,30 @@ struct LineData {
     std::string character = "null";
 };
 
-// Columns as SQL literals; key is the sheet's running number. March 2008, unit 010000001, not reported.
-inline void addSheet(TestWorkstation& test, int key,
-                     const std::vector<std::pair<std::string, std::string>>& values,
-                     const std::vector<LineData>& lines) {
+// Of March 2008, unit 010000001, not reported, but for what the assignments (of an update) say; key is the
+// sheet's running number.
+inline void putSheet(TestWorkstation& test, int key, const std::string& assignments = {},
+                     const std::vector<LineData>& lines = {}) {
     const std::string name = QString::asprintf("'TST%07d'", key).toStdString();
-    const std::string journal = QString::asprintf("'%d'", key).toStdString();
-    std::vector<std::pair<std::string, std::string>> columns = {{"AZONOSITO", name},
-                                                                {"FLOPPY", "0"},
-                                                                {"FLOPPY2", "0"},
-                                                                {"JAV", "'0'"},
-                                                                {"F_DATUM", "'2008.03.10.'"},
-                                                                {"SZAKREND", "'010000001'"},
-                                                                {"NAPLO", journal}};
-    for (const auto& value : values) {
-        bool known = false;
-        for (auto& column : columns)
-            if (column.first == value.first) {
-                column.second = value.second;
-                known = true;
-            }
-        if (!known) columns.push_back(value);
-    }
-    std::string names, literals;
-    for (const auto& [column, literal] : columns) {
-        names += (names.empty() ? "" : ", ") + column;
-        literals += (literals.empty() ? "" : ", ") + literal;
-    }
-    test.data().executeScript("insert into BETEG (" + names + ") values (" + literals + ")");
+    test.data().executeScript("insert into BETEG (AZONOSITO, FLOPPY, FLOPPY2, JAV, F_DATUM, SZAKREND, NAPLO) "
+                              "values (" +
+                              name + ", 0, 0, '0', '2008.03.10.', '010000001', '" + std::to_string(key) +
+                              "')");
+    if (!assignments.empty())
+        test.data().executeScript("update BETEG set " + assignments + " where AZONOSITO=" + name);
     for (const LineData& line : lines)
         test.data().executeScript("insert into EUSZOLG values (" + name + ", " + line.code + ", " +
                                   line.quantity + ", " + line.character + ")");
+}
+
+// The same with columns and their literals in pairs.
+inline void addSheet(TestWorkstation& test, int key,
+                     const std::vector<std::pair<std::string, std::string>>& values,
+                     const std::vector<LineData>& lines) {
+    std::string assignments;
+    for (const auto& [column, literal] : values)
+        assignments += (assignments.empty() ? "" : ", ") + column + '=' + literal;
+    putSheet(test, key, assignments, lines);
 }
 
 inline void addReportMasterData(TestWorkstation& test) {

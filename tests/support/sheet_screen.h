@@ -7,14 +7,12 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
 
 namespace vandrel::test {
 
-// Text, then Enter.
-inline void enter(const QString& text = {}) {
-    typeText(text);
-    pressKey(Qt::Key_Return);
-}
+using namespace Qt::StringLiterals;
 
 inline bool showActive(QWidget& window) {
     QApplication::setActiveWindow(&window);
@@ -52,8 +50,7 @@ struct SheetScreen {
             "insert into DIAGNOS (D_KOD, D_NEV) values ('I10H0', 'Magas vérnyomás'), ('J0390', "
             "'Mandulagyulladás'),"
             " ('E1190', 'Cukorbetegség'), ('E1100', 'Cukorbetegség szövődménnyel');");
-        setUp.workstation.setup.setValue(QStringLiteral("ADATLAP_DEF"), QStringLiteral("BEAV_TIP"),
-                                         QStringLiteral("V"));
+        setUp.workstation.setup.setValue(u"ADATLAP_DEF"_s, u"BEAV_TIP"_s, u"V"_s);
     }
 
     // A new sheet on the screen, with the focus in its first field.
@@ -66,6 +63,36 @@ struct SheetScreen {
     QString text(const char* name) {
         QLineEdit* edit = field(name);
         return edit->inputMask().isEmpty() ? edit->text() : edit->displayText();
+    }
+    // Of several fields and labels, a '|' between two.
+    QString texts(const char* names) {
+        QStringList result;
+        for (const QString& name : QString::fromLatin1(names).split(u' ')) {
+            const std::string latin = name.toStdString();
+            result << (field(latin.c_str()) != nullptr ? text(latin.c_str()) : label(latin.c_str()));
+        }
+        return result.join(u'|');
+    }
+    // One value of the data file.
+    QString stored(const std::string& sql) { return firstText(setUp.data(), sql); }
+    // Field by field: the focus, then the text and Enter.
+    void fill(std::initializer_list<std::pair<const char*, const char16_t*>> values) {
+        for (const auto& [name, value] : values) {
+            go(name);
+            enter(QString::fromUtf16(value));
+        }
+    }
+    void click(const char* button) {
+        form.findChild<QPushButton*>(QString::fromLatin1(button))->click();
+        QCoreApplication::processEvents();
+    }
+    // Of the pick-list.
+    QString currentLine() { return form.findChild<QListView*>(u"lista"_s)->currentIndex().data().toString(); }
+    QString store() { return pressKey(Qt::Key_W, Qt::ControlModifier); }
+    // Types into a field and stays there.
+    void type(const char* name, const QString& text) {
+        go(name);
+        typeText(text);
     }
     void go(const char* name) {
         field(name)->setFocus(Qt::OtherFocusReason);
@@ -80,6 +107,12 @@ struct SheetScreen {
     TestWorkstation setUp;
     ExpectedDialogue& dialogue = setUp.dialogue;
     tetad form{setUp.workstation, nullptr};
+};
+
+// A test that begins on a new sheet.
+class SheetTest : public testing::Test, protected SheetScreen {
+  protected:
+    void SetUp() override { open(); }
 };
 
 } // namespace vandrel::test

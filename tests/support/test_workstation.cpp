@@ -27,6 +27,10 @@ void ExpectedDialogue::expectQuestion(const QString& text, Answer answer, const 
 }
 
 Answer ExpectedDialogue::show(const Message& message) {
+    if (m_takesAll) {
+        boxes.push_back(message);
+        return message.buttons == Buttons::yesNo ? Answer::yes : Answer::ok;
+    }
     if (m_expected.empty()) {
         ADD_FAILURE() << "unexpected box: " << message.title.toStdString() << ": "
                       << message.text.toStdString();
@@ -42,7 +46,9 @@ Answer ExpectedDialogue::show(const Message& message) {
     return expected.answer;
 }
 
-TestWorkstation::TestWorkstation() : workstation(prepared(directory), dialogue, clock, packer) {}
+TestWorkstation::TestWorkstation(const QString& archiver)
+    : packer(archiver.isEmpty() ? ArjPacker() : ArjPacker(archiver)),
+      workstation(prepared(directory), dialogue, clock, packer) {}
 
 QByteArray fileBytes(const QString& path) {
     QFile file(path);
@@ -56,6 +62,21 @@ QByteArray fileBytes(const QString& path) {
 QString firstText(Database& database, const std::string& sql) {
     Query query = database.query(sql);
     return query.next() && !query.isNull(0) ? query.text(0) : QString();
+}
+
+void makeFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        ADD_FAILURE() << "cannot write " << path.toStdString();
+}
+
+int faultOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Fault& fault) {
+        return fault.number();
+    }
+    return 0;
 }
 
 } // namespace vandrel::test

@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 
 #include <deque>
+#include <functional>
+#include <vector>
 
 namespace vandrel::test {
 
@@ -22,6 +24,9 @@ class ExpectedDialogue : public Dialogue {
                         Icon icon = Icon::question);
     // True when every expected box was shown; a left-over one fails the test at the end in any case.
     bool allShown() const { return m_expected.empty(); }
+    // From here on any box is taken with yes or OK, and boxes keeps it.
+    void takeAll() { m_takesAll = true; }
+    std::vector<Message> boxes;
 
     Answer show(const Message& message) override;
 
@@ -31,12 +36,13 @@ class ExpectedDialogue : public Dialogue {
         Answer answer;
     };
     std::deque<Expected> m_expected;
+    bool m_takesAll = false;
 };
 
 class TestWorkstation {
   public:
-    // Fresh data files (no sample data), 2008.04.03. 14:05:09.
-    TestWorkstation();
+    // Fresh data files (no sample data), 2008.04.03. 14:05:09; the machine's archiver unless one is named.
+    explicit TestWorkstation(const QString& archiver = {});
 
     QTemporaryDir directory;
     ExpectedDialogue dialogue;
@@ -53,6 +59,10 @@ class TestWorkstation {
 QByteArray fileBytes(const QString& path);
 // One value of the first row of a question; null QString for Null or no row.
 QString firstText(Database& database, const std::string& sql);
+// A new file of these bytes; a failure fails the test.
+void makeFile(const QString& path, const QByteArray& bytes = {});
+// Number of the fault that the action raises; 0 when it raises none.
+int faultOf(const std::function<void()>& action);
 
 } // namespace vandrel::test
 

@@ -12,6 +12,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 namespace {
 
@@ -66,11 +68,11 @@ class SampleFolder : public testing::Test {
   protected:
     static void SetUpTestSuite() {
         s_directory = new QTemporaryDir;
-        s_outcome = completeProgramFolder(s_directory->filePath(QStringLiteral("mappa")), true);
+        s_outcome = completeProgramFolder(s_directory->filePath(u"mappa"_s), true);
     }
     static void TearDownTestSuite() { delete s_directory; }
     static QString path(std::string_view file) {
-        return s_directory->filePath(QStringLiteral("mappa/") + QString::fromStdString(name(file)));
+        return s_directory->filePath(u"mappa/"_s + QString::fromStdString(name(file)));
     }
 
     static QTemporaryDir* s_directory;
@@ -96,7 +98,7 @@ TEST_F(SampleFolder, EveryFileHasTheTablesAndColumnsOfTheCatalogueInTheirOrder) 
                 found.push_back({table[0], column[0]});
         EXPECT_EQ(found, expected) << file.name;
     }
-    expectedFiles << QStringLiteral("setup.ini");
+    expectedFiles << u"setup.ini"_s;
     EXPECT_EQ(s_outcome.made, expectedFiles);
     EXPECT_TRUE(s_outcome.kept.isEmpty());
 }
@@ -106,7 +108,7 @@ TEST_F(SampleFolder, EveryFileHasTheTablesAndColumnsOfTheCatalogueInTheirOrder) 
 TEST_F(SampleFolder, EveryFileCanBeDumpedAndRestoredElsewhere) {
     for (const catalogue::File& file : catalogue::files()) {
         const PlainFile source(path(file.name));
-        const PlainFile copy(QStringLiteral(":memory:"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+        const PlainFile copy(u":memory:"_s, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
         copy.rows("attach '" + path(file.name).toStdString() + "' as original");
         for (const auto& entry : source.rows("select sql from sqlite_master where sql is not null"))
             copy.rows(entry[0]);
@@ -185,12 +187,12 @@ TEST(ProgramFolder, WhatIsThereIsNeverTouched) {
     QTemporaryDir directory;
     const QDir folder(directory.path());
     // One dictionary is already kept by its owner (not even a data file any more), one went missing later.
-    QFile own(folder.filePath(QStringLiteral("beav.mdb")));
+    QFile own(folder.filePath(u"beav.mdb"_s));
     ASSERT_TRUE(own.open(QIODevice::WriteOnly));
     own.write("a clinic's own file");
     own.close();
-    EXPECT_EQ(completeProgramFolder(folder.path(), true).kept, QStringList{QStringLiteral("beav.mdb")});
-    EXPECT_EQ(test::fileBytes(folder.filePath(QStringLiteral("beav.mdb"))), "a clinic's own file");
+    EXPECT_EQ(completeProgramFolder(folder.path(), true).kept, QStringList{u"beav.mdb"_s});
+    EXPECT_EQ(test::fileBytes(folder.filePath(u"beav.mdb"_s)), "a clinic's own file");
 
     const auto before = contentOf(folder);
     EXPECT_EQ(before.size(), 12U); // no workshop, no journal is left
@@ -199,17 +201,16 @@ TEST(ProgramFolder, WhatIsThereIsNeverTouched) {
     EXPECT_EQ(again.kept.size(), 12);
     EXPECT_EQ(contentOf(folder), before);
 
-    ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("diagnos.mdb"))));
-    EXPECT_EQ(completeProgramFolder(folder.path(), false).made, QStringList{QStringLiteral("diagnos.mdb")});
-    EXPECT_EQ(PlainFile(folder.filePath(QStringLiteral("diagnos.mdb"))).value("select count(*) from DIAGNOS"),
-              "0");
+    ASSERT_TRUE(QFile::remove(folder.filePath(u"diagnos.mdb"_s)));
+    EXPECT_EQ(completeProgramFolder(folder.path(), false).made, QStringList{u"diagnos.mdb"_s});
+    EXPECT_EQ(PlainFile(folder.filePath(u"diagnos.mdb"_s)).value("select count(*) from DIAGNOS"), "0");
 }
 
 TEST(VandrelData, RefusesWhatItDoesNotKnowAndSaysSo) {
     QTemporaryDir directory;
-    const QString file = directory.filePath(QStringLiteral("allomany"));
+    const QString file = directory.filePath(u"allomany"_s);
     QFile(file).open(QIODevice::WriteOnly);
-    const QString fresh = directory.filePath(QStringLiteral("új mappa"));
+    const QString fresh = directory.filePath(u"új mappa"_s);
     const struct {
         QStringList arguments;
         int exitCode;

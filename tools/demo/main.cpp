@@ -1,8 +1,9 @@
 // vandrel-demo FOLDER: plays the program by key strokes on a fresh folder with sample data, offscreen and
-// with a fixed clock, and leaves the report files and a picture of every screen. Exit code 1 when anything
-// was not as it must be.
+// with a fixed clock, and leaves the report files, saved lists and a picture of every screen. Exit code 1
+// when anything was not as it must be.
 #include "app/application.h"
 #include "app/program.h"
+#include "demo/list_play.h"
 #include "demo/menu_play.h"
 #include "demo/report_play.h"
 #include "demo/sheet_play.h"
@@ -75,6 +76,7 @@ int play(Application& application, const QDir& folder) {
         playSheets(stage, program);
         checkStoredSheets(stage, program);
         playReports(stage, program, folder.filePath(u"cel"_s));
+        playLists(stage, program, folder.filePath(u"cel"_s));
         playExit(stage, program);
     } catch (const Stopped& stopped) {
         stage.fail(QString::fromUtf8(stopped.what()));

@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -21,7 +20,6 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QShortcut>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 
 namespace vandrel {
@@ -214,6 +212,7 @@ void frmPreview::print() {
     dialog.setPageMax(m_total);
     dialog.exec();
     if (!dialog.PrintDoc()) return;
+    const int printer = m_document.engine().printer.number();
     work([&] {
         int end = dialog.PageEnd();
         const bool all = dialog.PageStart() == 1 && end == m_total;
@@ -223,7 +222,8 @@ void frmPreview::print() {
         return m_document.PrintDoc(dialog.PageStart(), end, dialog.Copies(), dialog.Collate(),
                                    dialog.PrinterNumber());
     });
-    // Another printer may have laid the document out anew.
+    if (printer == m_document.engine().printer.number()) return;
+    // For another printer the document was laid out anew.
     m_total = m_document.Pages();
     Preview_Display(std::min(m_page, m_total));
 }
@@ -234,7 +234,9 @@ bool frmPreview::work(const std::function<bool()>& job) {
     QWidget* focused = focusWidget();
     m_area->setFrozen(true);
     m_area->setFocus();
-    m_strip->setEnabled(false);
+    const QList<QWidget*> controls{m_previous, m_next, m_print, m_close, m_zooms, m_pdf, m_table};
+    for (QWidget* control : controls)
+        control->setEnabled(false);
     m_note->clear();
     m_status->setText(printing);
     m_strip->repaint();
@@ -242,14 +244,15 @@ bool frmPreview::work(const std::function<bool()>& job) {
     std::optional<Fault> failed;
     try {
         PrintingWatch watch(m_document.engine(), *m_ports.dialogue, [this](int page, int total) {
-            m_note->setText(QStringLiteral("%1 / %2 oldal").arg(page).arg(total));
+            m_note->setText(QStringLiteral("%1 / %2 oldal (Esc: megszakítás)").arg(page).arg(total));
         });
         done = job();
     } catch (const Fault& fault) {
         failed = fault;
     }
     m_note->clear();
-    m_strip->setEnabled(true);
+    for (QWidget* control : controls)
+        control->setEnabled(true);
     Preview_Status();
     m_area->setFrozen(false);
     if (focused != nullptr) focused->setFocus();
@@ -267,21 +270,8 @@ void frmPreview::tell(const Fault& fault) {
 
 std::optional<SaveAnswer> frmPreview::askWhere(const QString& caption, const QStringList& filters,
                                                const QString& ending) {
-    QString folder = m_ports.saveFolder;
-    if (folder.isEmpty() || !QDir(folder).exists())
-        folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (!QDir(folder).exists()) folder = QDir::homePath();
-    auto answer = m_ports.askSavePath(
-        this, {caption, QDir(folder).filePath(suggestedFileName(m_document.AppName(), ending)), filters});
-    if (!answer) return std::nullopt;
-    answer->path = withEnding(answer->path, ending);
-    const QFileInfo file(answer->path);
-    if (file.exists() && !m_ports.dialogue->ask(
-                             QStringLiteral("A(z) \"%1\" fájl már létezik. Felülírja?").arg(file.fileName()),
-                             caption, Icon::warning))
-        return std::nullopt;
-    m_ports.saveFolder = file.absolutePath();
-    return answer;
+    return askTarget(this, *m_ports.dialogue, m_ports.askSavePath, m_ports.saveFolder,
+                     {caption, suggestedFileName(m_document.AppName(), ending), filters}, ending);
 }
 
 void frmPreview::savePdf() {

@@ -150,7 +150,7 @@ void PreviewArea::paintEvent(QPaintEvent*) {
 }
 
 void PreviewArea::resizeEvent(QResizeEvent*) {
-    rescale();
+    if (!window()->isMinimized() && height() > 0) rescale();
 }
 
 void PreviewArea::keyPressEvent(QKeyEvent* event) {

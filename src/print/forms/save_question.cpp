@@ -1,8 +1,12 @@
 #include "print/forms/save_question.h"
 
+#include "foundation/dialogue.h"
+#include "print/save_name.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QSplitter>
 #include <QStandardPaths>
 #include <QToolButton>
 #include <QUrl>
@@ -25,10 +29,15 @@ std::optional<SaveAnswer> askSavePath(QWidget* parent, const SaveQuestion& quest
     dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Típus:"));
     dialog.setLabelText(QFileDialog::Accept, QStringLiteral("Mentés"));
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Mégse"));
-    dialog.setSidebarUrls(
-        {QUrl::fromLocalFile(QDir::homePath()),
-         QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)),
-         QUrl::fromLocalFile(QDir::rootPath())});
+    QList<QUrl> places;
+    for (const QString& place :
+         {QDir::homePath(), QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
+          QDir::rootPath()})
+        if (QDir(place).exists() && !places.contains(QUrl::fromLocalFile(place)))
+            places << QUrl::fromLocalFile(place);
+    dialog.setSidebarUrls(places);
+    dialog.resize(820, 480);
+    if (auto* splitter = dialog.findChild<QSplitter*>()) splitter->setSizes({170, 650});
     const std::pair<const char*, const char16_t*> tips[] = {{"backButton", u"Vissza"},
                                                             {"forwardButton", u"Előre"},
                                                             {"toParentButton", u"Fölérendelt mappa"},
@@ -43,6 +52,24 @@ std::optional<SaveAnswer> askSavePath(QWidget* parent, const SaveQuestion& quest
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return SaveAnswer{dialog.selectedFiles().constFirst(),
                       static_cast<int>(question.filters.indexOf(dialog.selectedNameFilter()))};
+}
+
+std::optional<SaveAnswer> askTarget(QWidget* parent, Dialogue& dialogue, const AskSavePath& ask,
+                                    QString& folder, const SaveQuestion& question, const QString& ending) {
+    QString start = folder;
+    if (start.isEmpty() || !QDir(start).exists())
+        start = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QDir(start).exists()) start = QDir::homePath();
+    auto answer = ask(parent, {question.title, QDir(start).filePath(question.suggestion), question.filters});
+    if (!answer) return std::nullopt;
+    answer->path = withEnding(answer->path, ending);
+    const QFileInfo file(answer->path);
+    if (file.exists() &&
+        !dialogue.ask(QStringLiteral("A(z) \"%1\" fájl már létezik. Felülírja?").arg(file.fileName()),
+                      question.title, Icon::warning))
+        return std::nullopt;
+    folder = file.absolutePath();
+    return answer;
 }
 
 } // namespace vandrel

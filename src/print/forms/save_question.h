@@ -11,9 +11,11 @@ class QWidget;
 
 namespace vandrel {
 
+class Dialogue;
+
 struct SaveQuestion {
     QString title;
-    QString suggestion;  // whole path
+    QString suggestion;  // whole path; for askTarget the name alone
     QStringList filters; // as "PDF fájl (*.pdf)"; the first one is chosen
 };
 
@@ -25,5 +27,11 @@ struct SaveAnswer {
 // nullopt: the user has given up. An existing file is not asked about.
 using AskSavePath = std::function<std::optional<SaveAnswer>(QWidget* parent, const SaveQuestion& question)>;
 std::optional<SaveAnswer> askSavePath(QWidget* parent, const SaveQuestion& question);
+
+// The same for a file that will be written at once: in the folder of last time (empty: the user's documents),
+// with the ending behind its name, and an existing file goes only when the dialogue says so. folder is that
+// of the answer afterwards.
+std::optional<SaveAnswer> askTarget(QWidget* parent, Dialogue& dialogue, const AskSavePath& ask,
+                                    QString& folder, const SaveQuestion& question, const QString& ending);
 
 } // namespace vandrel

@@ -9,12 +9,9 @@
 #include "print/save_name.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QPageLayout>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QStandardPaths>
 
 #include <algorithm>
 #include <cmath>
@@ -105,20 +102,10 @@ PrinterPaper paperOf(const QPageSize& size) {
 
 AskPdfPath askPdfPathBy(Dialogue& dialogue) {
     return [&dialogue, folder = QString()](const QString& suggestion) mutable {
-        if (folder.isEmpty() || !QDir(folder).exists())
-            folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-        if (!QDir(folder).exists()) folder = QDir::homePath();
         const auto answer =
-            askSavePath(QApplication::activeWindow(),
-                        {pdfName, QDir(folder).filePath(suggestion), {QStringLiteral("PDF fájl (*.pdf)")}});
-        if (!answer) return QString();
-        const QFileInfo file(withEnding(answer->path, QStringLiteral("pdf")));
-        if (file.exists() &&
-            !dialogue.ask(QStringLiteral("A(z) \"%1\" fájl már létezik. Felülírja?").arg(file.fileName()),
-                          pdfName, Icon::warning))
-            return QString();
-        folder = file.absolutePath();
-        return file.filePath();
+            askTarget(QApplication::activeWindow(), dialogue, askSavePath, folder,
+                      {pdfName, suggestion, {QStringLiteral("PDF fájl (*.pdf)")}}, QStringLiteral("pdf"));
+        return answer ? answer->path : QString();
     };
 }
 
