@@ -10,8 +10,10 @@
 
 namespace vandrel::bench {
 
-// clinic: the program folder whose stored sheets are listed, too.
-void measureLists(Table& table, const QString& clinic, const QString& workFolder, int rounds);
+void measureLists(Table& table, const QString& workFolder, int rounds);
+void measurePreview(Table& table, const QString& workFolder, int rounds);
+// clinic: the program folder whose stored sheets are listed.
+void measureStoredList(Table& table, const QString& clinic, const QString& workFolder, int rounds);
 
 // The measured processes; each prints its figures. words: what to do, the sheets, the PDF to write.
 int listChild(int argc, char** argv, const QStringList& words);

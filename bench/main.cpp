@@ -1,5 +1,5 @@
-// vandrel-bench [FOLDER [ROUNDS [start] [entry] [report] [lists]]]: makes the sample clinics in FOLDER where
-// they are not there yet, measures, and prints one table.
+// vandrel-bench [FOLDER [ROUNDS [start] [entry] [report] [lists] [preview] [stored]]]: makes the sample
+// clinics in FOLDER where they are not there yet, measures, and prints one table.
 #include "child.h"
 #include "entry_bench.h"
 #include "list_bench.h"
@@ -40,10 +40,13 @@ int main(int argc, char** argv) {
         return words.isEmpty() || words.contains(QLatin1String(what));
     };
     Table table;
-    if (wanted("lists")) {
+    const QString lists = folder + QStringLiteral("/lists");
+    if (wanted("lists")) measureLists(table, lists, rounds);
+    if (wanted("preview")) measurePreview(table, lists, rounds);
+    if (wanted("stored")) {
         const QString clinic = QDir(folder).filePath(QStringLiteral("100000"));
         makeSampleClinic(clinic, 100'000);
-        measureLists(table, clinic, folder + QStringLiteral("/lists"), rounds);
+        measureStoredList(table, clinic, lists, rounds);
     }
     const bool others = wanted("start") || wanted("entry") || wanted("report");
     for (const auto& [sheets, name] : {std::pair(100'000, "100,000"), std::pair(500'000, "500,000")}) {
