@@ -36,7 +36,7 @@ TEST(FullDisk, AVolumeFilledToItsEnd) {
                 say(when + wrong);
         };
         std::mt19937 random(1);
-        const int fault = faultOf([&] {
+        const int fault = faultNumberOf([&] {
             while (confirmed.size() < 100'000)
                 confirmed.push_back(storeNext(station, random));
         });

@@ -62,8 +62,8 @@ TEST(StartChecks, EveryLostFileIsTold) {
     ASSERT_TRUE(QFile::remove(test.path(u"tetmod.mdb"_s)));
     makeFile(test.path(u"diagnos.mdb"_s),
              "this is no data file at all, but long enough to look like one " + QByteArray(600, 'x'));
-    EXPECT_EQ(faultOf([&] { test.workstation.files[DataFile::tetmod]; }), fault::dataFileMissing);
-    EXPECT_EQ(faultOf([&] { test.workstation.files[DataFile::diagnos]; }), fault::dataFileDamaged);
+    EXPECT_EQ(faultNumberOf([&] { test.workstation.files[DataFile::tetmod]; }), fault::dataFileMissing);
+    EXPECT_EQ(faultNumberOf([&] { test.workstation.files[DataFile::diagnos]; }), fault::dataFileDamaged);
     test.dialogue.expect(u"Nem található a tetmod.mdb állomány!"_s, errorTitle);
     test.dialogue.expect(u"diagnos.mdb: az adatállomány sérült (file is not a database)"_s, errorTitle);
     EXPECT_FALSE(examineDataFiles(test.workstation));

@@ -38,7 +38,7 @@ TEST(Database, WaitsForAFileThatASiblingHoldsForAMoment) {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
         sibling.executeScript("commit");
     });
-    EXPECT_EQ(faultOf([&] { station.workstation.files[DataFile::TAJKapu]; }), 0);
+    EXPECT_EQ(faultNumberOf([&] { station.workstation.files[DataFile::TAJKapu]; }), 0);
 }
 
 TEST(Database, TransactionThatIsNotCommittedLeavesNothing) {
@@ -48,8 +48,10 @@ TEST(Database, TransactionThatIsNotCommittedLeavesNothing) {
         station.data().execute("insert into BETEG (AZONOSITO) values ('1')");
     }
     EXPECT_EQ(firstText(station.data(), "select count(*) from BETEG"), u"0"_s);
-    EXPECT_EQ(faultOf([&] { station.data().execute("insert into NINCS values (1)"); }), fault::tableMissing);
-    EXPECT_EQ(faultOf([&] { station.data().execute("update BETEG set NINCS=1"); }), fault::columnMissing);
+    EXPECT_EQ(faultNumberOf([&] { station.data().execute("insert into NINCS values (1)"); }),
+              fault::tableMissing);
+    EXPECT_EQ(faultNumberOf([&] { station.data().execute("update BETEG set NINCS=1"); }),
+              fault::columnMissing);
 }
 
 TEST(Database, AStatementUsedTwiceAtOnceIsTwoStatements) {
@@ -72,7 +74,7 @@ TEST(CodePage, WritesTheWorkstationsBytes) {
     TestWorkstation station;
     const QString path = station.path(u"próba.txt"_s);
     CodePageFile file;
-    EXPECT_EQ(faultOf([&] { file.writeLine(u"még nincs nyitva"); }), fault::badFile);
+    EXPECT_EQ(faultNumberOf([&] { file.writeLine(u"még nincs nyitva"); }), fault::badFile);
     file.open(path);
     file.writeLine(u"áéíóöőúüű ÁŐŰ felelôs 12\u00a0345 \u20ac \u6f22 \U0001F600");
     file.close();
@@ -85,10 +87,10 @@ TEST(CodePage, WritesTheWorkstationsBytes) {
     EXPECT_FALSE(code_page::appendUtf8(bytes, "漢"));
     EXPECT_EQ(bytes, "\xf5"
                      "ABC?");
-    EXPECT_EQ(faultOf([&] { file.open(station.path(u"nincs/ilyen.txt"_s)); }), fault::pathNotFound);
-    EXPECT_EQ(faultOf([&] { file.open(station.directory.path()); }), fault::pathAccess);
+    EXPECT_EQ(faultNumberOf([&] { file.open(station.path(u"nincs/ilyen.txt"_s)); }), fault::pathNotFound);
+    EXPECT_EQ(faultNumberOf([&] { file.open(station.directory.path()); }), fault::pathAccess);
     CodePageFile full;
-    EXPECT_EQ(faultOf([&] {
+    EXPECT_EQ(faultNumberOf([&] {
                   full.open(u"/dev/full"_s);
                   full.writeLine(u"x");
                   full.close();

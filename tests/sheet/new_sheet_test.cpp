@@ -69,7 +69,7 @@ TEST(NewSheet, RunningNumber) {
         SCOPED_TRACE(c.last);
         station.data().execute("update AZONOSIT set END_AZON=?1", c.last);
         QString number;
-        const int raised = faultOf([&] { number = nextRunningNumber(station.workstation); });
+        const int raised = faultNumberOf([&] { number = nextRunningNumber(station.workstation); });
         EXPECT_EQ(number, QString::fromUtf16(c.next));
         EXPECT_EQ(raised, c.fault);
     }

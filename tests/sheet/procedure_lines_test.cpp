@@ -29,7 +29,7 @@ TEST_F(ProcedureLines, ChecksInOrder) {
     station.dialogue.expect(u"Nincs ilyen kód a beavatkozás törzsben!"_s, u"Hiba"_s);
     EXPECT_EQ(add(u""_s, u"1"_s), AddLineOutcome::codeUnknown);
     for (const QString& quantity : {u"1,5"_s, u"x"_s, u"-1"_s, u"1 2"_s, u"1e3"_s, u"1234567890"_s}) {
-        EXPECT_EQ(faultOf([&] { add(u"11050"_s, quantity); }), fault::dataConversion)
+        EXPECT_EQ(faultNumberOf([&] { add(u"11050"_s, quantity); }), fault::dataConversion)
             << quantity.toStdString();
     }
     EXPECT_EQ(station.count("EUSZOLG"), 0);

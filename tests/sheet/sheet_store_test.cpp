@@ -17,7 +17,7 @@ class SheetStore : public testing::Test {
         return firstText(station.data(), "select ifnull(" + column + ",'<null>') from " + table);
     }
     int faultOfStore(const SheetFields& fields) {
-        return faultOf([&] { storeSheet(station.workstation, fields); });
+        return faultNumberOf([&] { storeSheet(station.workstation, fields); });
     }
     void store(const SheetFields& fields, std::optional<Answer> enter = std::nullopt) {
         if (enter) station.expectRegisterQuestion(*enter);

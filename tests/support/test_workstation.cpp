@@ -70,7 +70,7 @@ void makeFile(const QString& path, const QByteArray& bytes) {
         ADD_FAILURE() << "cannot write " << path.toStdString();
 }
 
-int faultOf(const std::function<void()>& action) {
+int faultNumberOf(const std::function<void()>& action) {
     try {
         action();
     } catch (const Fault& fault) {

@@ -62,7 +62,7 @@ QString firstText(Database& database, const std::string& sql);
 // A new file of these bytes; a failure fails the test.
 void makeFile(const QString& path, const QByteArray& bytes = {});
 // Number of the fault that the action raises; 0 when it raises none.
-int faultOf(const std::function<void()>& action);
+int faultNumberOf(const std::function<void()>& action);
 
 } // namespace vandrel::test
 
