@@ -1,5 +1,6 @@
 #include "statistics/list_runner.h"
 
+#include "print/print_fault.h"
 #include "print/qc_printer.h"
 #include "statistics/list_selection.h"
 #include "statistics/producers.h"
@@ -68,13 +69,8 @@ void requirePrinter(const qcPrinter& document, FaultPolicy policy) {
 }
 
 void tellFault(Workstation& station, const Fault& fault) {
-    if (fault.number() == fault::noPrinter) {
-        station.dialogue.tell(u"Nincs telepítve nyomtató, Ambuláns adatlap nem nyomtatható ki!"_s);
-        return;
-    }
-    station.dialogue.tell(u"Hiba lépett fel a nyomtatás során! "_s + QString::number(fault.number()) + u'\n' +
-                              fault.text(),
-                          programTitle, Icon::warning);
+    station.dialogue.tell(printFaultText(fault), programTitle,
+                          fault.number() == fault::noPrinter ? Icon::critical : Icon::warning);
 }
 
 ListOutcome made(Workstation& station, StatisticsList list, const ListRequest& request, qcPrinter& document,
