@@ -67,8 +67,8 @@ TEST_F(DocumentTest, StartsWithDefaultsAndTellsWhichWritesMoveLines) {
         EXPECT_FALSE(document.SetHeader(slot) || document.SetFooter(slot));
     }
     for (const int slot : {-1, 5}) {
-        EXPECT_EQ(faultOf([&] { document.setSetHeader(slot, true); }), fault::subscript);
-        EXPECT_EQ(faultOf([&] { document.Footer(slot).Text(); }), fault::subscript);
+        EXPECT_EQ(faultNumberOf([&] { document.setSetHeader(slot, true); }), fault::subscript);
+        EXPECT_EQ(faultNumberOf([&] { document.Footer(slot).Text(); }), fault::subscript);
     }
     const qcTextItem other = document.Header(1);
     const struct {
@@ -108,9 +108,9 @@ TEST_F(DocumentTest, StartsWithDefaultsAndTellsWhichWritesMoveLines) {
 TEST_F(DocumentTest, ItemsSlotsAndUnits) {
     document.AddText("a", arial, "first");
     document.AddText("b", {"Arial", 8, true, true, true, 7, 2, 10, 20}, "Second");
-    EXPECT_EQ(faultOf([&] { document.AddText("c", arial, "SECOND"); }), 457);
-    EXPECT_EQ(faultOf([&] { document.TextItem().Item("third"); }), fault::invalidCall);
-    EXPECT_EQ(faultOf([&] { document.TextItem().Item(0); }), fault::subscript);
+    EXPECT_EQ(faultNumberOf([&] { document.AddText("c", arial, "SECOND"); }), 457);
+    EXPECT_EQ(faultNumberOf([&] { document.TextItem().Item("third"); }), fault::invalidCall);
+    EXPECT_EQ(faultNumberOf([&] { document.TextItem().Item(0); }), fault::subscript);
     qcTextItem& second = document.TextItem().Item("second");
     EXPECT_TRUE(second.FontBold() && second.FontItalic() && second.FontUnderline());
     EXPECT_EQ(second.FontColor() + second.Alignment(), 9);
@@ -439,10 +439,10 @@ TEST_F(DocumentTest, PrintersChangeVanishAndFail) {
     EXPECT_EQ(document.TextItem().Item(1).LineCount(), 1); // laid out for its wider paper
     EXPECT_EQ(printed(0), (QStringList{"aaaaaaaaaaaaaaa", "b"}));
 
-    EXPECT_EQ(faultOf([&] { document.PrintDoc(1, 2, 1, true, 2); }), fault::noPrinter);
-    EXPECT_EQ(faultOf([&] { document.PrintDoc(1, 2, 1, true, 7); }), fault::noPrinter);
+    EXPECT_EQ(faultNumberOf([&] { document.PrintDoc(1, 2, 1, true, 2); }), fault::noPrinter);
+    EXPECT_EQ(faultNumberOf([&] { document.PrintDoc(1, 2, 1, true, 7); }), fault::noPrinter);
     printers[0].faultyPage = 2;
-    EXPECT_EQ(faultOf([&] { document.PrintDoc(1, 2, 1, true, 0); }), fault::deviceError);
+    EXPECT_EQ(faultNumberOf([&] { document.PrintDoc(1, 2, 1, true, 0); }), fault::deviceError);
     EXPECT_FALSE(stand.printers.jobs[1]->ended);
     printers[0].faultyPage = 0;
     printers[0].givenUp = true;
@@ -460,7 +460,7 @@ TEST_F(DocumentTest, PrintersChangeVanishAndFail) {
     paperless.AddText("a", arial);
     EXPECT_EQ(paperless.Pages(), 1); // A4
     EXPECT_EQ(none.engine.paper, (PaperSize{11906, 16838}));
-    EXPECT_EQ(faultOf([&] { paperless.PrintDoc(1, 1, 1, true, 0); }), fault::noPrinter);
+    EXPECT_EQ(faultNumberOf([&] { paperless.PrintDoc(1, 1, 1, true, 0); }), fault::noPrinter);
 }
 
 TEST_F(DocumentTest, PrintsForms) {
@@ -469,14 +469,14 @@ TEST_F(DocumentTest, PrintsForms) {
         1940,
         {{ControlKind::text, "Nev", "N\u00e9v", false, 800, 900, 300, 200, "Arial", 10, false, false},
          {ControlKind::optionButton, "Igen", "i", false, 900, 1000, 300, 200, "Arial", 10, false, false}}};
-    EXPECT_EQ(faultOf([&] { document.FormPrint_Update(form); }), fault::formNotPrinted);
+    EXPECT_EQ(faultNumberOf([&] { document.FormPrint_Update(form); }), fault::formNotPrinted);
     document.FormPrint(form);
     EXPECT_EQ(page(1), (QStringList{"1600,1800 N\u00e9v", "1800,2000 i"})); // twice the form's scale
     form.controls[1].text = "l";
     document.FormPrint_Update(form);
     EXPECT_EQ(document.TextItem().Item("Opt:Igen").Text(), "l");
     form.name = "masik";
-    EXPECT_EQ(faultOf([&] { document.FormPrint_Update(form); }), fault::otherForm);
+    EXPECT_EQ(faultNumberOf([&] { document.FormPrint_Update(form); }), fault::otherForm);
 }
 
 } // namespace vandrel::test
