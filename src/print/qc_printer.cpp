@@ -274,7 +274,8 @@ void qcPrinter::prepareBands(int page, bool isLast, int total) {
 }
 
 int qcPrinter::Pages() {
-    if (m_engine.NeedsPaging) {
+    // The flag is everyone's: another document may have cleared it before this one was ever laid out.
+    if (m_engine.NeedsPaging || m_pages == 0) {
         paginate();
         DocumentWalk(*this, {}, {}).findPageStarts();
     }

@@ -30,9 +30,11 @@ QString tagValue(QStringView body) {
     return qcTextItem::GetTagValue(body);
 }
 
-// The value of an indent tag, straight from the text: a list has several of them on every line.
-QStringView indentOf(QStringView body) {
-    return body.mid(8);
+// The value of an indent tag, straight from the text: a list has several of them on every line. A colour is
+// its number here as well.
+double indentOf(QStringView body) {
+    const QStringView value = body.mid(8);
+    return value.startsWith(u'#') ? leadingNumber(tagValue(body)) : leadingNumber(value);
 }
 
 // A colour number of any size as R + 256 G + 65536 B.
@@ -82,8 +84,7 @@ TagState::Effect TagState::apply(QStringView body) {
     if (body.size() < 3 || body[0] == u'/') return applyShort(body);
     if (begins(body, QLatin1String("LINDENT=")) || begins(body, QLatin1String("RINDENT="))) {
         const bool left = body[0] == u'L' || body[0] == u'l';
-        (left ? tagLeft : tagRight) =
-            toTwips(leadingNumber(indentOf(body)), m_style.scaleMode, Axis::horizontal, m_paper);
+        (left ? tagLeft : tagRight) = toTwips(indentOf(body), m_style.scaleMode, Axis::horizontal, m_paper);
         return Effect::forced;
     }
     if (begins(body, QLatin1String("FORCE"))) return Effect::forced;

@@ -1,9 +1,11 @@
 #include "print/text_item.h"
 
+#include "platform/fault.h"
 #include "platform/format.h"
 #include "print/segment_scan.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace vandrel {
 
@@ -118,6 +120,9 @@ void qcTextItem::setAbsolute(bool absolute) {
     change(true).absolute = absolute;
 }
 void qcTextItem::setAbsPage(int page) {
+    // Pages are 16 bits wide; a document of that many empty pages would never be walked through.
+    if (page != static_cast<std::int16_t>(page))
+        throw Fault(fault::overflow, QStringLiteral("Túl nagy oldalszám: %1").arg(page));
     change(false).absPage = page;
 }
 float qcTextItem::Left() const {

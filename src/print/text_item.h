@@ -64,7 +64,8 @@ class qcTextItem {
     // Belongs to the engine whose repagination flag its writes set; it must outlive the item.
     explicit qcTextItem(PrintEngine& engine);
 
-    // The marked setters set NeedsPaging, also when the value is the same. No setter checks its value.
+    // The marked setters set NeedsPaging, also when the value is the same. No setter checks its value, unless
+    // it says so.
     QString Text() const { return m_text.text(); }
     void setText(const QString& text);
     QString FontName() const { return m_style->fontName; }
@@ -92,8 +93,8 @@ class qcTextItem {
     bool Absolute() const { return m_style->absolute; }
     void setAbsolute(bool absolute);
     int AbsPage() const { return m_style->absPage; }
-    void setAbsPage(int page);
-    float Left() const; // stored and given back; no layout step reads it
+    void setAbsPage(int page); // fault overflow beyond 16 bits
+    float Left() const;        // stored and given back; no layout step reads it
     void setLeft(float length);
     float Top() const;
     void setTop(float length);

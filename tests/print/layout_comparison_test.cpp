@@ -50,6 +50,7 @@ QString tag(Dice& dice, long mode) {
                                  "<ALIGN=MIDDLE>",
                                  "<FONT=>",
                                  "<LINDENT=abc>",
+                                 "<LINDENT=#800000>",
                                  "<SIZE=0>",
                                  "<<B>",
                                  "<RINDENT=x<B>"};

@@ -8,6 +8,7 @@
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 
 namespace vandrel {
@@ -95,7 +96,9 @@ void PreviewArea::placeBars() {
 
 QPointF PreviewArea::pageCorner() const {
     double left = -m_horizontal->value() * preview::scrollUnit;
-    const double top = -m_vertical->value() * preview::scrollUnit;
+    double top = -m_vertical->value() * preview::scrollUnit;
+    // A page that just fits has no bar to reach its last lines by: it is seen whole.
+    if (!m_scaling.verticalBar) top = std::min(0.0, (m_scaling.view.height - m_scaling.holder.height) / 2);
     // Without a bar the page stands in the middle.
     if (!m_scaling.horizontalBar) left = (m_scaling.view.width - m_scaling.holder.width) / 2;
     // On whole pixels of the screen, or a copied picture would blur.
