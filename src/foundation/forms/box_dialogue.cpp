@@ -1,6 +1,7 @@
 #include "foundation/forms/box_dialogue.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QShortcut>
@@ -25,6 +26,18 @@ QMessageBox::Icon boxIcon(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
+// A short text must not make the box so narrow that the title bar cuts the title: the layout sets the size of
+// a message box, so an empty row holds it open. The title bar's own icon and buttons take their share.
+void holdTitle(QMessageBox& box) {
+    constexpr int titleButtons = 150; // pixels
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid == nullptr) return;
+    QFont bold = box.font();
+    bold.setBold(true);
+    const int width = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + titleButtons;
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 } // namespace
 
 Answer BoxDialogue::show(const Message& message) {
@@ -36,6 +49,7 @@ Answer BoxDialogue::show(const Message& message) {
     box.setIcon(boxIcon(message.icon));
     if (message.buttons == Buttons::ok) {
         box.addButton(QStringLiteral("Rendben"), QMessageBox::AcceptRole);
+        holdTitle(box);
         box.exec();
         return Answer::ok;
     }
@@ -43,6 +57,7 @@ Answer BoxDialogue::show(const Message& message) {
     QPushButton* no = box.addButton(QStringLiteral("&Nem"), QMessageBox::NoRole);
     box.setDefaultButton(yes);
     box.setEscapeButton(no);
+    holdTitle(box);
     // One letter answers: the clerk's hands stay where they are.
     QObject::connect(new QShortcut(Qt::Key_I, &box), &QShortcut::activated, yes, &QPushButton::click);
     QObject::connect(new QShortcut(Qt::Key_N, &box), &QShortcut::activated, no, &QPushButton::click);

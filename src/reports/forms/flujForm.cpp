@@ -98,6 +98,15 @@ flujForm::flujForm(Workstation& station, QWidget* opener) : WorkForm(station, op
     numeric.numeric = true;
     chain->add(m_from, numeric);
     chain->add(m_to, numeric);
+    // Enter goes on from an option too; the arrows choose among them.
+    FieldBehaviour onward;
+    onward.key = [this](int key) {
+        if (key != Qt::Key_Return) return false;
+        SelectAll(m_start);
+        return true;
+    };
+    for (QRadioButton* choice : {m_original, m_corrected, m_both})
+        chain->adopt(choice, onward);
     chain->add(m_start, pressOnEnter(m_start));
     QWidget* previous = m_from;
     for (QWidget* next : std::initializer_list<QWidget*>{m_to, m_original, m_corrected, m_both, m_start}) {
