@@ -196,6 +196,18 @@ void measureStoredList(Table& table, const QString& clinic, const QString& folde
     table.pairs(name + QStringLiteral(": peak memory / floor's"), memory, QStringLiteral("MB"), 1,
                 QStringLiteral("150 MB"));
     table.single(name + QStringLiteral(": memory before it"), megabytes(before));
+
+    // The longest list of all: a line for each procedure, with its name.
+    const QStringList longest =
+        runChild(ownProgram(),
+                 {QStringLiteral("--list"), QStringLiteral("referrers"), clinic, storedFrom, storedTo},
+                 folder)
+            .output.split(u' ');
+    const QString its = QStringLiteral("itemised list of the referrers of the same");
+    table.single(its + QStringLiteral(", all pages found"),
+                 QString::number(longest[5].toDouble(), 'f', 1) + QStringLiteral(" s"));
+    table.single(its + QStringLiteral(": pages"), longest[6]);
+    table.single(its + QStringLiteral(": peak memory"), longest[4] + QStringLiteral(" MB"));
 }
 
 } // namespace vandrel::bench

@@ -331,7 +331,7 @@ class NoPacker : public Packer {
 };
 
 // The whole list from the stored sheets, as the statistics screen makes it, with all its pages found.
-int storedChild(const QString& folder, const QString& from, const QString& to) {
+int storedChild(StatisticsList which, const QString& folder, const QString& from, const QString& to) {
     List list;
     FailingDialogue dialogue;
     NoPacker packer;
@@ -348,7 +348,7 @@ int storedChild(const QString& folder, const QString& from, const QString& to) {
     const double before = peakMegabytes();
     const Stopwatch elapsing;
     const ProcessorWatch watch;
-    if (runList(station, StatisticsList::trafficLog, request, list.document, {}) != ListOutcome::ready)
+    if (runList(station, which, request, list.document, {}) != ListOutcome::ready)
         fail("the list was not made");
     const double run = watch.seconds();
     const int pages = list.document.Pages();
@@ -369,7 +369,9 @@ int storedChild(const QString& folder, const QString& from, const QString& to) {
 int listChild(int argc, char** argv, const QStringList& words) {
     const QGuiApplication application(argc, argv);
     if (words[0] == QLatin1String("stored"))
-        return storedChild(words.value(1), words.value(2), words.value(3));
+        return storedChild(StatisticsList::trafficLog, words.value(1), words.value(2), words.value(3));
+    if (words[0] == QLatin1String("referrers"))
+        return storedChild(StatisticsList::referrersItemised, words.value(1), words.value(2), words.value(3));
     const int sheets = words.value(1).toInt();
     if (words[0] == QLatin1String("engine")) return engineChild(sheets, words.value(2));
     if (words[0] == QLatin1String("paint")) return paintChild(sheets, words.value(2));

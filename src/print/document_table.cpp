@@ -3,6 +3,8 @@
 #include "platform/code_page.h"
 #include "platform/whole_file.h"
 
+#include <QStringEncoder>
+
 #include <string>
 #include <string_view>
 
@@ -28,6 +30,14 @@ void forEachLine(const QByteArray& csv, Line line) {
     }
 }
 
+// Without a byte array of its own for each of the million cells of a list.
+void appendUtf8(QByteArray& bytes, const QString& cell) {
+    const qsizetype before = bytes.size();
+    QStringEncoder encoder(QStringEncoder::Utf8);
+    bytes.resize(before + encoder.requiredSpace(cell.size()));
+    bytes.resize(encoder.appendToBuffer(bytes.data() + before, cell) - bytes.constData());
+}
+
 QString quoted(const QString& cell) {
     bool plain = true;
     for (const QChar character : cell)
@@ -49,7 +59,7 @@ void DocumentTable::addRow(const QStringList& cells) {
     bool first = true;
     for (const QString& cell : cells) {
         if (!std::exchange(first, false)) m_csv += ';';
-        m_csv += quoted(cell).toUtf8();
+        appendUtf8(m_csv, quoted(cell));
     }
     m_csv += "\r\n";
     ++m_rows;
