@@ -398,6 +398,7 @@ bool qcPrinter::PrintOnto(PrintJob& job, int startPage, int endPage, int copies,
         for (int copy = 0; copy < copies; ++copy)
             if (!walk.run(startPage, endPage)) return false;
     }
+    if (total == 0) return false; // no page was asked for; a printer would put out a blank one
     job.endDoc();
     return true;
 }

@@ -104,8 +104,8 @@ class qcPrinter {
     void WalkDocument(PageTarget& target, int startPage, int endPage);
     // One page onto the preview's picture.
     void PreviewPage(PageTarget& picture, int page);
-    // Prints. Copies below 1 count as 1. False: given up by the user, nothing came out. Faults of the printer
-    // pass through, and nothing came out either.
+    // Prints. Copies below 1 count as 1. False: given up by the user, or a range that ends before it starts;
+    // nothing came out. Faults of the printer pass through, and nothing came out either.
     bool PrintDoc(int startPage, int endPage, int copies, bool collate, int printerNumber);
     // The same into a job that the caller has begun by jobSetup().
     bool PrintOnto(PrintJob& job, int startPage, int endPage, int copies, bool collate);

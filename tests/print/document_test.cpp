@@ -417,6 +417,8 @@ TEST_F(DocumentTest, Prints) {
         EXPECT_TRUE(stand.printers.jobs[at]->ended);
         EXPECT_EQ(stand.printers.jobs[at]->setup.title, "Lista");
     }
+    EXPECT_FALSE(document.PrintDoc(2, 1, 2, true, 0));
+    EXPECT_FALSE(stand.printers.jobs.back()->ended);
 }
 
 TEST_F(DocumentTest, PrintersChangeVanishAndFail) {
