@@ -129,6 +129,8 @@ void FieldChain::goPrevious(QWidget* from) {
 }
 
 void FieldChain::paint(QWidget* field, bool focused) {
+    // The colours are for fields with a text: a tick box in grey would look disabled.
+    if (qobject_cast<QAbstractButton*>(field) != nullptr) return;
     QPalette palette = field->palette();
     palette.setColor(QPalette::Base, focused ? focusBackground : idleBackground);
     palette.setColor(QPalette::Text, focused ? focusText : idleText);
