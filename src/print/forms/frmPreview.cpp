@@ -1,5 +1,6 @@
 #include "print/forms/frmPreview.h"
 
+#include "foundation/forms/elided_label.h"
 #include "foundation/forms/field_chain.h"
 #include "foundation/forms/window_helpers.h"
 #include "print/forms/frmPrint.h"
@@ -39,14 +40,6 @@ QPushButton* button(const QString& text, const char* name, const QString& key) {
     return result;
 }
 
-QLabel* plainLabel(const char* name, const QString& caption) {
-    auto* label = new QLabel;
-    label->setObjectName(QLatin1String(name));
-    label->setAccessibleName(caption);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 } // namespace
 
 frmPreview::frmPreview(qcPrinter& document, PreviewPorts& ports, QWidget* parent)
@@ -80,10 +73,13 @@ QWidget* frmPreview::makeStrip() {
     m_close = button(QStringLiteral("Bezár"), "Bezar", QStringLiteral("Esc"));
     m_pdf = button(QStringLiteral("Mentés PDF-be"), "MentesPdf", QStringLiteral("Ctrl+S"));
     m_table = button(QStringLiteral("Mentés táblázatba"), "MentesTablazat", QStringLiteral("Ctrl+T"));
-    m_status = plainLabel("Oldal", QStringLiteral("Oldal:"));
+    m_status = new QLabel;
+    m_status->setObjectName(QStringLiteral("Oldal"));
+    m_status->setAccessibleName(QStringLiteral("Oldal:"));
     m_status->setMinimumWidth(m_status->fontMetrics().horizontalAdvance(printing) + 4);
-    m_note = plainLabel("Uzenet", QStringLiteral("Üzenet"));
-    m_note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long name widens no window
+    m_note = new ElidedLabel;
+    m_note->setObjectName(QStringLiteral("Uzenet"));
+    m_note->setAccessibleName(QStringLiteral("Üzenet"));
     m_zooms = new QComboBox;
     m_zooms->setObjectName(QStringLiteral("Nezet"));
     m_zooms->setAccessibleName(QStringLiteral("Nézet:"));
@@ -237,6 +233,8 @@ bool frmPreview::work(const std::function<bool()>& job) {
     const QList<QWidget*> controls{m_previous, m_next, m_print, m_close, m_zooms, m_pdf, m_table};
     for (QWidget* control : controls)
         control->setEnabled(false);
+    for (QPushButton* save : {m_pdf, m_table})
+        save->hide(); // what is told of the pages needs their room
     m_note->clear();
     m_status->setText(printing);
     m_strip->repaint();
@@ -251,6 +249,8 @@ bool frmPreview::work(const std::function<bool()>& job) {
         failed = fault;
     }
     m_note->clear();
+    for (QPushButton* save : {m_pdf, m_table})
+        save->show();
     for (QWidget* control : controls)
         control->setEnabled(true);
     Preview_Status();
@@ -349,7 +349,7 @@ void showPreview(qcPrinter& document, PreviewPorts& ports) {
     QRect place(placement.left, placement.top, placement.width, placement.height);
     const bool known = placement.state != -1 && !place.isEmpty() && screen.intersects(place);
     if (!known) {
-        place.setSize(QSize(std::min(1060, screen.width() * 9 / 10), screen.height() * 9 / 10)
+        place.setSize(QSize(std::min(1160, screen.width() * 9 / 10), screen.height() * 9 / 10)
                           .expandedTo(window.minimumSizeHint()));
         place.moveCenter(screen.center());
     }

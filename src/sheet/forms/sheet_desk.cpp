@@ -1,46 +1,17 @@
 // The inputs of the sheet's screen and what they have in common.
 #include "sheet/forms/sheet_desk.h"
 
+#include "foundation/forms/elided_label.h"
 #include "foundation/forms/masked_field.h"
 
-#include <QFontMetrics>
-#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QResizeEvent>
-#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
 namespace vandrel {
 
 namespace {
-
-// A long text ends in three dots instead of pushing its neighbours away; the pointer over it shows it whole.
-class ElidedLabel : public QLabel {
-  public:
-    using QLabel::QLabel;
-    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
-    QSize sizeHint() const override { return minimumSizeHint(); }
-
-  protected:
-    bool event(QEvent* event) override {
-        if (event->type() == QEvent::ToolTip &&
-            fontMetrics().horizontalAdvance(text()) > contentsRect().width()) {
-            // Escaped: a tool tip would take data for mark-up.
-            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().toHtmlEscaped(), this);
-            return true;
-        }
-        return QLabel::event(event);
-    }
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.setPen(palette().color(foregroundRole()));
-        if (autoFillBackground()) painter.fillRect(rect(), palette().window());
-        painter.drawText(contentsRect(), static_cast<int>(alignment()) | Qt::TextSingleLine,
-                         fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()));
-    }
-};
 
 QLineEdit* makeInput(const SheetField& field) {
     switch (field.shape) {
@@ -218,9 +189,6 @@ void SheetDesk::buildChain(const std::function<void(PickMarker, QLineEdit*)>& op
 QLabel* SheetDesk::makeDataLabel(const QString& objectName, QWidget* parent) {
     auto* label = new ElidedLabel(parent);
     label->setObjectName(objectName);
-    label->setTextFormat(Qt::PlainText);
-    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    label->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     return label;
 }
 
