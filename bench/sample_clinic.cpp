@@ -150,7 +150,7 @@ void fillPatients(Database& database, int patients) {
     Query row =
         database.query("insert into Paciensek values (?1,?2,?3,?4,?5,?6,?7,?8,?9,?10,?11,?12,?13,?14)");
     for (int i = 1; i <= patients; ++i) {
-        row.bind(1, i).bind(2, taj(i)).bind(3, "1: Taj").bind(4, numbers.chance(50) ? "1" : "2");
+        row.bind(1, i).bind(2, taj(i)).bind(3, "1").bind(4, numbers.chance(50) ? "1" : "2");
         row.bind(5, print("%04d.%02d.%02d.", 1920 + numbers.below(88), 1 + numbers.below(12),
                           1 + numbers.below(28)));
         row.bind(6, print("%s %s", one(surnames, numbers), one(givenNames, numbers)));

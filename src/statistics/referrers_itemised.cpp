@@ -41,8 +41,8 @@ void printSheet(ListRun& run, const Query& sheet, const PatientColumns& patient,
     // A sheet whose TAJ the register does not know keeps its line, without anything of a patient.
     if (patient.found)
         run.text(t(NAPLO) + at(10, run.fitted(patient.name, 39)) + time +
-                 at(83, patient.taj + u'/' + patient.type) + at(110, patient.sex + u'/' + patient.birth) +
-                 at(150, t(SZAKREND)));
+                 at(83, run.fitted(patient.taj + u'/' + patient.type, 26)) +
+                 at(110, patient.sex + u'/' + patient.birth) + at(150, t(SZAKREND)));
     else
         run.text(t(NAPLO) + time + at(150, t(SZAKREND)));
     run.text(u"BNO-k: <LINDENT=10> "_s + diagnosisList);

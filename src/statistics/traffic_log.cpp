@@ -68,8 +68,8 @@ void printSheet(ListRun& run, const Texts& t, const PatientColumns& patient, con
                  .at(13, run.fitted(patient.name, 26))
                  .at(40, t[ELL_TIP])
                  .at(50, t[F_DATUM], u" - ", t[F_IDO])
-                 .at(83, t[SZEM_SZAM], u"/", patient.type)
-                 .at(105, patient.sex, u"/", patient.birth)
+                 .at(83, run.fitted(t[SZEM_SZAM] + u'/' + patient.type, 21))
+                 .at(105, run.fitted(patient.sex + u'/' + patient.birth, 24))
                  .at(130, run.fitted(t[IGENYLO], 19))
                  .at(150, t[DIAG1], u", ", t[DIAG2])
                  .text());

@@ -273,6 +273,16 @@ TEST_F(ListsTest, ATextTooWideForItsColumnIsSetSmallerAndNotCut) {
         << line.toStdString();
     EXPECT_LE(wide.face({u"Times New Roman"_s, size.toFloat(), false, false}).width(caption), room);
     EXPECT_GT(wide.face({u"Times New Roman"_s, size.toFloat() + 0.5F, false, false}).width(caption), room);
+
+    // A type that was kept with its meaning would reach into the next column.
+    clinic.data().execute("update Paciensek set Azon_Tipus='1: TAJ szám' where ID=1");
+    for (const StatisticsList log : {StatisticsList::trafficLog, StatisticsList::referrersItemised}) {
+        ASSERT_EQ(runList(clinic.workstation, log, clinicRequest(log), page, {}), ListOutcome::ready);
+        int fitted = 0;
+        for (const qcTextItem& item : page.TextItem())
+            fitted += item.Text().contains(u">123456788/1: TAJ szám</SIZE>"_s);
+        EXPECT_GT(fitted, 0) << static_cast<int>(log);
+    }
 }
 
 } // namespace vandrel::test
