@@ -47,6 +47,8 @@ struct ListProgress {
     // Asked a few times a second: true when the user has pressed Esc since it was last asked. The list's
     // runner then asks whether to stop; the screen asks nothing itself.
     std::function<bool()> stopWanted;
+    // True when the program is ending: the list is broken off without a question.
+    std::function<bool()> ending;
 };
 
 } // namespace vandrel

@@ -25,6 +25,7 @@ void ListRun::turn(qint64 done, qint64 all) {
     const bool display = m_turn.displayDue();
     if ((display || done == all) && m_progress.sheetsDone) m_progress.sheetsDone(done, all);
     m_turn.serve();
+    if (m_progress.ending && m_progress.ending()) throw ListStopped();
     if (display && m_progress.stopWanted && m_progress.stopWanted() &&
         station.dialogue.ask(u"Megszakítja a lista készítését?"_s))
         throw ListStopped();

@@ -361,6 +361,16 @@ TEST_F(StatisticsScreen, ALongListCanBeBrokenOff) {
     pressKey(Qt::Key_Return);
     EXPECT_EQ(previews.size(), 1);
     EXPECT_EQ(label("Adatlapok"), u"8000 / 8000"_s);
+
+    // The main window closed while it runs: no question, nothing opens.
+    turns = 0;
+    test.workstation.serveEvents = [&] {
+        ++turns;
+        opener.hide();
+    };
+    pressKey(Qt::Key_Return);
+    EXPECT_EQ(turns, 1);
+    EXPECT_EQ(previews.size(), 1);
 }
 
 } // namespace vandrel::test

@@ -135,14 +135,18 @@ void statisztForm::makeList(const ListRequest& request) {
         m_status->clear();
         return;
     }
-    // The main window was closed meanwhile: the program is ending and opens nothing more.
-    if (opener() != nullptr && !opener()->isVisible()) return;
+    if (ending()) return; // nothing more is opened
     m_status->setText(list_status::makingPreview);
     m_status->repaint(); // laying out a long list takes a moment
     m_document.Preview();
     m_status->setText(list_status::ready);
     activateWindow();
     SelectAll(m_panel->processButton());
+}
+
+// The main window was closed, which ends the program.
+bool statisztForm::ending() const {
+    return opener() != nullptr && !opener()->isVisible();
 }
 
 ListOutcome statisztForm::run(const ListRequest& request) {
@@ -153,6 +157,7 @@ ListOutcome statisztForm::run(const ListRequest& request) {
         m_bar->setValue(all > 0 ? static_cast<int>(done * barSteps / all) : barSteps);
     };
     progress.stopWanted = [this] { return std::exchange(m_stopWanted, false); };
+    progress.ending = [this] { return ending(); };
     setRunning(true);
     const ListOutcome outcome = runList(station(), m_list, request, m_document, progress);
     setRunning(false);

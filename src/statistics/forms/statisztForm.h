@@ -34,6 +34,7 @@ class statisztForm : public WorkForm {
     void process();
     void makeList(const ListRequest& request);
     ListOutcome run(const ListRequest& request);
+    bool ending() const;
     void setRunning(bool running);
 
     const StatisticsList m_list;
