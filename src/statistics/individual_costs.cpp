@@ -1,5 +1,6 @@
 // List 6: what one patient's visits of a period were and what they cost, by unit and sheet.
 #include "platform/format.h"
+#include "print/literal_text.h"
 #include "statistics/producers.h"
 
 using namespace Qt::StringLiterals;
@@ -31,10 +32,10 @@ void institution(ListRun& run) {
         taxNumber = row.text(2);
     }
     run.text(u"INTÉZMÉNYI ADATOK:"_s);
-    run.text(caption(u"neve:"_s, name));
+    run.text(caption(u"neve:"_s, literalText(name)));
     run.text(caption(u"kódja:"_s, u" </LINDENT>"_s)); // no code is printed, and that is wanted
-    run.text(caption(u"bankszámlaszáma:"_s, account));
-    run.text(caption(u"adóigazgatási azonosító száma:"_s, taxNumber));
+    run.text(caption(u"bankszámlaszáma:"_s, literalText(account)));
+    run.text(caption(u"adóigazgatási azonosító száma:"_s, literalText(taxNumber)));
     run.rule(bodySize, ruleLength);
 }
 
@@ -54,15 +55,15 @@ Patient patient(ListRun& run, qint64 id) {
         street = row.text(4);
     }
     run.text(u"BETEG ADATOK:"_s);
-    run.text(caption(u"neve:"_s, found.name));
-    run.text(caption(u"TAJ:"_s, found.taj));
-    run.text(caption(u"lakcíme:"_s, postalCode + u" - "_s + city + u", "_s + street));
+    run.text(caption(u"neve:"_s, literalText(found.name)));
+    run.text(caption(u"TAJ:"_s, literalText(found.taj)));
+    run.text(caption(u"lakcíme:"_s, literalText(postalCode + u" - "_s + city + u", "_s + street)));
     run.rule(bodySize, ruleLength);
     return found;
 }
 
 void unitLine(ListRun& run, const QString& unit) {
-    run.text(u"Munkahely: "_s + unit + u' ' + run.lookUps.unit(unit).name);
+    run.text(u"Munkahely: "_s + literalText(unit + u' ' + run.lookUps.unit(unit).name));
 }
 
 QString figureColumns(const CostFigures& figures) {
@@ -87,7 +88,7 @@ QString sheetHead(ListRun& run, const Query& sheet) {
         const QString code = sheet.text(column);
         const bool empty = code.trimmed().isEmpty();
         if (empty && column != DIAG1) continue; // the first has its line in any case
-        run.text(u"<LINDENT=10>"_s + code + u' ' + run.lookUps.diagnosis(code));
+        run.text(u"<LINDENT=10>"_s + literalText(code + u' ' + run.lookUps.diagnosis(code)));
         if (!empty) codes << code;
     }
     run.blank();

@@ -1,5 +1,6 @@
 // Lists 7 and 8: outpatient against inpatient quantities of one unit, and the visit fees taken.
 #include "platform/format.h"
+#include "print/literal_text.h"
 #include "statistics/producers.h"
 
 #include <map>
@@ -21,7 +22,7 @@ void individualHead(ListRun& run, const QString& title) {
     run.blank();
     run.made();
     run.blank();
-    run.centred(name + u", "_s + city);
+    run.centred(literalText(name + u", "_s + city));
     run.blank();
     run.title(title);
     run.blank();
@@ -49,7 +50,7 @@ QString countColumns(const PatientCounts& counts) {
 
 void Ossz_lista_nyom(ListRun& run) {
     individualHead(run, u"Összesített lista az ellátott ambuláns és fekvőbeteg esetekről"_s);
-    run.text(u"Szakrendelő: "_s + run.request.code);
+    run.text(u"Szakrendelő: "_s + literalText(run.request.code));
     run.blank();
     run.text(at(120, u"Beavatkozás mennyisége "_s));
     run.text(u"Who"_s + at(15, u"Megnevezés"_s) + at(105, u" ambuláns"_s) + at(134, u" fekvőbeteg"_s) +
@@ -77,7 +78,7 @@ void Ossz_lista_nyom(ListRun& run) {
     PatientCounts sums;
     for (const auto& [code, counts] : procedures) {
         const QString name = run.lookUps.procedure(code).name;
-        run.text(code + at(15, run.fitted(name.left(nameLength), 89)) + countColumns(counts));
+        run.text(literalText(code) + at(15, run.fitted(name.left(nameLength), 89)) + countColumns(counts));
         run.row({code, name.trimmed(), format::number(counts.outpatient), format::number(counts.inpatient),
                  format::number(counts.outpatient + counts.inpatient)});
         sums.outpatient += counts.outpatient;
@@ -90,7 +91,7 @@ void Ossz_lista_nyom(ListRun& run) {
 
 void VizDijStat_Nyom(ListRun& run) {
     individualHead(run, u"Vizitdíj statisztika"_s);
-    run.text(u"Szakrendelő: "_s + run.lookUps.unit(run.request.code).name);
+    run.text(u"Szakrendelő: "_s + literalText(run.lookUps.unit(run.request.code).name));
     run.blank();
     run.text(u"Név"_s + at(80, u"Ellátás ideje"_s) + at(110, u" Orvos"_s) + at(150, u" Összeg (Ft)"_s));
     run.row({u"Név"_s, u"Dátum"_s, u"Idő"_s, u"Munkahely"_s, u"Orvoskód"_s, u"Orvos"_s, u"Összeg (Ft)"_s});

@@ -1,5 +1,6 @@
 #include "statistics/list_writer.h"
 
+#include "print/literal_text.h"
 #include "print/qc_printer.h"
 
 #include <algorithm>
@@ -38,14 +39,14 @@ QString ListWriter::fitted(const QString& text, double millimetres, const LineLo
         return engine.meter.face({listFont, size, look.bold, false}).width(text);
     };
     const double natural = width(look.size);
-    if (natural <= room) return text;
+    if (natural <= room) return literalText(text);
     // Widths grow with the size, but not to the last twip: the first guess may need a step more. Half points
     // keep the number of fonts small.
     float size = std::floor(static_cast<float>(look.size * room / natural) * 2) / 2;
     while (size > smallestSize && width(size) > room)
         size -= 0.5F;
     size = std::max(size, smallestSize);
-    return u"<SIZE="_s + QString::number(size) + u'>' + text + u"</SIZE>"_s;
+    return u"<SIZE="_s + QString::number(size) + u'>' + literalText(text) + u"</SIZE>"_s;
 }
 
 } // namespace vandrel

@@ -24,8 +24,8 @@ class ListWriter {
     void text(const QString& line, const LineLook& look);
     // One row of the table; the first one is its heads.
     void row(const QStringList& cells);
-    // The text as it has to be written so that it stays within so many millimetres in a line of that look: a
-    // text too wide comes back between SIZE tags. Nothing is cut.
+    // Data as they have to be written so that they stay within so many millimetres in a line of that look: a
+    // text too wide comes back between SIZE tags. Nothing is cut, and a "<" in it prints.
     QString fitted(const QString& text, double millimetres, const LineLook& look) const;
 
   private:

@@ -1,5 +1,7 @@
 #include "statistics/log_parts.h"
 
+#include "print/literal_text.h"
+
 using namespace Qt::StringLiterals;
 
 namespace vandrel {
@@ -32,7 +34,7 @@ void logHead(ListRun& run, const QString& title) {
 }
 
 void categoryLine(ListRun& run, const QString& category) {
-    run.text(u"<b>Kategória: <LINDENT=30>"_s + category + u"</LINDENT></b>"_s);
+    run.text(u"<b>Kategória: <LINDENT=30>"_s + literalText(category) + u"</LINDENT></b>"_s);
 }
 
 PatientColumns patientById(ListRun& run, std::optional<qint64> id) {

@@ -1,5 +1,6 @@
 // Lists 2, 3 and 4: the monthly head alone, the summary by referrer, and the summed procedures by unit.
 #include "platform/format.h"
+#include "print/literal_text.h"
 #include "statistics/producers.h"
 #include "statistics/scratch_lines.h"
 
@@ -24,7 +25,7 @@ void costHeads(ListRun& run) {
 
 // The points stand before the quantity in the text; the tab stops put them in their places.
 void costLine(ListRun& run, const QString& code, const QString& name, const CostFigures& figures) {
-    run.text(code + at(10, run.fitted(name.left(nameLength), nameWidth)) +
+    run.text(literalText(code) + at(10, run.fitted(name.left(nameLength), nameWidth)) +
              at(110, format::thousands(figures.unitPoints)) + at(90, format::thousands(figures.quantity)) +
              at(130, format::thousands(figures.points)) + at(150, format::thousands(figures.value)));
 }
@@ -53,8 +54,8 @@ void Bekuldok_havi_nyom(ListRun& run) {
     run.made();
     run.title(u"Havi összesítő a beküldőkről"_s);
     run.period();
-    run.text(u"Térítési kategória: "_s + request.category);
-    run.text(u"Beküldő: "_s + request.fromCode + u" - "_s + request.toCode);
+    run.text(u"Térítési kategória: "_s + literalText(request.category));
+    run.text(u"Beküldő: "_s + literalText(request.fromCode + u" - "_s + request.toCode));
 
     const std::vector<qint64> lines = copyLines(run, ScratchKey::referrerAndUnit);
     costHeads(run);
@@ -74,7 +75,7 @@ void Bekuldok_havi_nyom(ListRun& run) {
                     sumLine(run, groupSum, referrerSums);
                     run.blank();
                 }
-                run.bold(thisReferrer.isEmpty() ? u" "_s : thisReferrer); // a line in any case
+                run.bold(thisReferrer.isEmpty() ? u" "_s : literalText(thisReferrer)); // a line in any case
                 referrerSums = {};
                 referrer = thisReferrer;
                 first = false;
@@ -126,8 +127,8 @@ void Elvegz_beav_nyom(ListRun& run) {
     run.title(u"Összesített lista az elvégzett beavatkozásokról"_s);
     run.blank();
     run.period();
-    run.text(u"Térítési kategória: "_s + request.category);
-    run.text(u"Szakrendelő: "_s + request.fromCode + u" - "_s + request.toCode);
+    run.text(u"Térítési kategória: "_s + literalText(request.category));
+    run.text(u"Szakrendelő: "_s + literalText(request.fromCode + u" - "_s + request.toCode));
     run.blank();
 
     const std::vector<qint64> lines = copyLines(run, ScratchKey::unit);
@@ -152,7 +153,7 @@ void Elvegz_beav_nyom(ListRun& run) {
         const QString thisUnit = line.text(SZAKREND);
         if (first || !sameCode(unit, thisUnit)) {
             if (!first) endUnit();
-            run.text(u"Szakrendelő: "_s + thisUnit + u" - "_s + run.lookUps.unit(thisUnit).name);
+            run.text(u"Szakrendelő: "_s + literalText(thisUnit + u" - "_s + run.lookUps.unit(thisUnit).name));
             run.blank();
             unit = thisUnit;
             first = false;

@@ -1,5 +1,6 @@
 // List 5: sheet by sheet under each referrer and category, with every procedure.
 #include "platform/format.h"
+#include "print/literal_text.h"
 #include "statistics/log_parts.h"
 #include "statistics/producers.h"
 
@@ -20,7 +21,7 @@ const QStringList tableHeads =
         .split(u';');
 
 void blockHead(ListRun& run, const QString& referrer, const QString& category) {
-    run.text(u"<b>Beküldő: <LINDENT=30>"_s + referrer + u"</LINDENT></b>"_s);
+    run.text(u"<b>Beküldő: <LINDENT=30>"_s + literalText(referrer) + u"</LINDENT></b>"_s);
     categoryLine(run, category);
     run.text(u"Ssz."_s + at(10, u"Neve"_s) + at(50, u"Ellát. idő"_s) + at(83, u"TAJ/Tip"_s) +
              at(110, u"NEM/Születési idő"_s) + at(150, u"Munkahely"_s));

@@ -1,5 +1,6 @@
 // List 1: the patient traffic log by unit and category.
 #include "platform/format.h"
+#include "print/literal_text.h"
 #include "statistics/log_parts.h"
 #include "statistics/producers.h"
 
@@ -53,7 +54,7 @@ const QStringList tableHeads =
 void titleBlock(ListRun& run, const QString& unit, const QString& category, bool first) {
     QString name;
     run.attempt([&] { name = run.lookUps.unit(unit).name; });
-    run.text(u"<b>Munkahely: <LINDENT=30>"_s + unit + u' ' + name + u"</LINDENT></b>"_s);
+    run.text(u"<b>Munkahely: <LINDENT=30>"_s + literalText(unit + u' ' + name) + u"</LINDENT></b>"_s);
     categoryLine(run, category);
     run.text(u"Ssz."_s + at(first ? 13 : 10, u"Neve"_s) + at(40, u"Tip."_s) + at(50, u"Ellát. idő"_s) +
              at(83, u"TAJ/Tip"_s) + (first ? at(105, u"NEM/Szül. idő"_s) : at(100, u"NEM/Születési idő"_s)) +

@@ -1,6 +1,7 @@
 // Documents: margins and slots, pagination, what is drawn where, and printing. The paper is 3880 x 5280 twips
 // with margins of 1440: ten letters a line, ten lines a page, the upper left letter at 1440,1440.
 #include "platform/fault.h"
+#include "print/literal_text.h"
 #include "print/qc_printer.h"
 #include "support/print_stand.h"
 #include "support/test_workstation.h"
@@ -394,6 +395,17 @@ TEST_F(DocumentTest, HostileGeometry) {
     EXPECT_EQ(document.Pages(), pages);
     document.setMarginTop(9000); // and higher than it: a line a page, none is lost
     EXPECT_EQ(texts().join(QString()).remove(u' ').size(), 30 + 2 + 4 + 300);
+}
+
+TEST_F(DocumentTest, LiteralTextPrintsAsItStands) {
+    const QStringList data{"a<b>c",        "<",           "<<",          "<>", "a<b",
+                           "<LINDENT=9>x", "<x </b> <q>", "1 < 2 > 1 <", "x"};
+    for (const QString& each : data)
+        document.AddText(literalText(each) + "<LINDENT=4>|</LINDENT>", {.fontName = "Arial", .bold = true});
+    QStringList whole;
+    for (const QString& each : data)
+        whole << each << QStringLiteral("|");
+    EXPECT_EQ(texts().join(QString()), whole.join(QString()));
 }
 
 TEST_F(DocumentTest, Prints) {

@@ -285,4 +285,28 @@ TEST_F(ListsTest, ATextTooWideForItsColumnIsSetSmallerAndNotCut) {
     }
 }
 
+TEST_F(ListsTest, NamesWithAngleBracketsPrintWhole) {
+    const QString name = u"A<b>B <LINDENT=1>C"_s;
+    for (const auto& [file, sql] : std::initializer_list<std::pair<DataFile, const char*>>{
+             {DataFile::tetdata, "update Paciensek set Neve=?1, Cim=?1"},
+             {DataFile::tetdata, "update intezet set Int_nev=?1, City=?1"},
+             {DataFile::tetmod, "update SZAKREND set REND_NEV=?1"},
+             {DataFile::tetmod, "update ORVOSOK set NEV=?1"},
+             {DataFile::beav, "update BEAV set BEAV_NEV=?1"},
+             {DataFile::diagnos, "update DIAGNOS set D_NEV=?1"}})
+        clinic.workstation.files[file].execute(sql, name);
+    for (int number = 1; number <= 8; ++number) {
+        const auto list = static_cast<StatisticsList>(number);
+        ASSERT_EQ(run(list), ListOutcome::ready);
+        const QString all = written();
+        const QString lines = all.left(all.indexOf(u"--- table"_s));
+        EXPECT_FALSE(lines.contains(name)) << number;
+        EXPECT_EQ(lines.contains(u"A<<u></u>b>B <<u></u>LINDENT=1>C"_s),
+                  list != StatisticsList::unitPerformance)
+            << number;
+    }
+    EXPECT_TRUE(written().contains(u"--- table"_s));
+    EXPECT_TRUE(written().contains(name)); // in the table as it is
+}
+
 } // namespace vandrel::test
