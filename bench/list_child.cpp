@@ -165,10 +165,10 @@ class Strings : public PageTarget {
     void box(double, double, double, double, long, double, long) override { fail("the list has no boxes"); }
 };
 
-QFont plainFont(const FontSpec& spec) {
+QFont plainFont(const FontChoice& choice) {
     QFont font(QStringLiteral("Liberation Serif"));
-    font.setPixelSize(static_cast<int>(spec.size * 20));
-    font.setBold(spec.bold);
+    font.setPixelSize(static_cast<int>(choice.size * 20));
+    font.setBold(choice.bold);
     font.setKerning(false);
     return font;
 }
@@ -193,7 +193,7 @@ int paintChild(int sheets, const QString& pdf) {
         strings.runs.clear();
         list.document.WalkDocument(strings, page, page);
         for (const Strings::Run& run : strings.runs)
-            fonts.try_emplace(run.face, plainFont(run.face->spec()));
+            fonts.try_emplace(run.face, plainFont(run.face->choice()));
         watch = ProcessorWatch();
         if (page > 1) writer.newPage();
         const Face* face = nullptr;

@@ -42,8 +42,8 @@ double soundWidth(double width) {
 
 class FontFace : public Face {
   public:
-    FontFace(const FontSpec& spec, std::unique_ptr<PageFont> font)
-        : Face(spec, font->height(), font->ascent()), m_font(std::move(font)) {}
+    FontFace(const FontChoice& choice, std::unique_ptr<PageFont> font)
+        : Face(choice, font->height(), font->ascent()), m_font(std::move(font)) {}
 
   protected:
     double measure(char32_t character) const override { return m_font->sign(character).width; }
@@ -77,11 +77,11 @@ DecodedCharacter characterAt(QStringView text, qsizetype at) {
     return {text[at].unicode(), false};
 }
 
-PageFont::PageFont(const FontSpec& spec) : m_font(pageFamily(spec.name)) {
+PageFont::PageFont(const FontChoice& choice) : m_font(pageFamily(choice.name)) {
     // Sizes in pixels do not ask any device for its resolution. Qt keeps them as whole numbers.
-    m_font.setPixelSize(std::max(1, static_cast<int>(std::lround(usableFontSize(spec.size) * 20.0))));
-    m_font.setBold(spec.bold);
-    m_font.setItalic(spec.italic);
+    m_font.setPixelSize(std::max(1, static_cast<int>(std::lround(usableFontSize(choice.size) * 20.0))));
+    m_font.setBold(choice.bold);
+    m_font.setItalic(choice.italic);
     m_font.setKerning(false);
     // Hinted widths differ from screen to screen, those of the design do not.
     m_font.setHintingPreference(QFont::PreferNoHinting);
@@ -136,8 +136,8 @@ PageFont::Sign PageFont::find(char32_t character) const {
     return sign;
 }
 
-std::unique_ptr<Face> FontMeter::makeFace(const FontSpec& spec) {
-    return std::make_unique<FontFace>(spec, std::make_unique<PageFont>(spec));
+std::unique_ptr<Face> FontMeter::makeFace(const FontChoice& choice) {
+    return std::make_unique<FontFace>(choice, std::make_unique<PageFont>(choice));
 }
 
 } // namespace vandrel

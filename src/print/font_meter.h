@@ -23,7 +23,7 @@ class PageFont {
         double width = 0;     // twips, finite, not negative
     };
 
-    explicit PageFont(const FontSpec& spec);
+    explicit PageFont(const FontChoice& choice);
 
     const QFont& font() const { return m_font; }
     const QRawFont& raw() const { return m_raw; }
@@ -49,7 +49,7 @@ class PageFont {
 
 class FontMeter : public TextMeter {
   protected:
-    std::unique_ptr<Face> makeFace(const FontSpec& spec) override;
+    std::unique_ptr<Face> makeFace(const FontChoice& choice) override;
 };
 
 // The family that stands for a name: the metric-equal faces for the names that the lists use, in any case of

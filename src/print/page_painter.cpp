@@ -43,7 +43,7 @@ PagePainter::~PagePainter() {
 const PageFont& PagePainter::font(const Face& face) {
     if (m_lastFace != &face) {
         std::unique_ptr<PageFont>& made = m_fonts[&face];
-        if (!made) made = std::make_unique<PageFont>(face.spec());
+        if (!made) made = std::make_unique<PageFont>(face.choice());
         m_lastFace = &face;
         m_lastFont = made.get();
     }

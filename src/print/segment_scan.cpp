@@ -89,15 +89,15 @@ TagState::Effect TagState::apply(QStringView body) {
     }
     if (begins(body, QLatin1String("FORCE"))) return Effect::forced;
     if (begins(body, QLatin1String("FONT="))) {
-        FontSpec spec = font.face->spec();
-        spec.name = tagValue(body);
-        setFace(spec);
+        FontChoice choice = font.face->choice();
+        choice.name = tagValue(body);
+        setFace(choice);
     } else if (begins(body, QLatin1String("COLOR="))) {
         font.color = colourOf(tagValue(body));
     } else if (begins(body, QLatin1String("SIZE="))) {
-        FontSpec spec = font.face->spec();
-        spec.size = static_cast<float>(std::clamp(leadingNumber(tagValue(body)), -1e6, 1e6));
-        setFace(spec);
+        FontChoice choice = font.face->choice();
+        choice.size = static_cast<float>(std::clamp(leadingNumber(tagValue(body)), -1e6, 1e6));
+        setFace(choice);
     } else if (begins(body, QLatin1String("ALIGN="))) {
         const QString word = tagValue(body).toUpper();
         if (word == QLatin1String("LEFT"))
@@ -121,15 +121,15 @@ TagState::Effect TagState::applyShort(QStringView body) {
         tagRight = 0;
         return Effect::closed;
     }
-    FontSpec spec = font.face->spec();
+    FontChoice choice = font.face->choice();
     if (same(body, QLatin1String("B")) || same(body, QLatin1String("/B"))) {
-        spec.bold = body[0] != u'/';
+        choice.bold = body[0] != u'/';
     } else if (same(body, QLatin1String("I")) || same(body, QLatin1String("/I"))) {
-        spec.italic = body[0] != u'/';
+        choice.italic = body[0] != u'/';
     } else if (same(body, QLatin1String("/FONT"))) {
-        spec.name = m_style.fontName;
+        choice.name = m_style.fontName;
     } else if (same(body, QLatin1String("/SIZE"))) {
-        spec.size = m_style.fontSize;
+        choice.size = m_style.fontSize;
     } else {
         if (same(body, QLatin1String("U")) || same(body, QLatin1String("/U")))
             font.underline = body[0] != u'/';
@@ -141,7 +141,7 @@ TagState::Effect TagState::applyShort(QStringView body) {
             return Effect::none;
         return Effect::applied;
     }
-    setFace(spec);
+    setFace(choice);
     return Effect::applied;
 }
 

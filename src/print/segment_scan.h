@@ -38,7 +38,7 @@ class TagState {
   private:
     Effect apply(QStringView body);
     Effect applyShort(QStringView body); // shorter than three letters, or an end tag
-    void setFace(const FontSpec& spec) { font.face = &m_meter.face(spec); }
+    void setFace(const FontChoice& choice) { font.face = &m_meter.face(choice); }
 
     const ItemStyle& m_style;
     TextMeter& m_meter;

@@ -9,8 +9,8 @@ float usableFontSize(float size) {
     return std::isfinite(size) ? std::clamp(size, smallestFontSize, largestFontSize) : smallestFontSize;
 }
 
-Face::Face(FontSpec spec, double height, double ascent)
-    : m_spec(std::move(spec)), m_height(static_cast<float>(height)), m_ascent(ascent) {
+Face::Face(FontChoice choice, double height, double ascent)
+    : m_choice(std::move(choice)), m_height(static_cast<float>(height)), m_ascent(ascent) {
     m_near.fill(-1);
 }
 
@@ -35,12 +35,12 @@ double Face::width(QStringView text) const {
 
 TextMeter::~TextMeter() = default;
 
-const Face& TextMeter::face(const FontSpec& spec) {
-    if (m_last != nullptr && m_last->spec() == spec) return *m_last;
+const Face& TextMeter::face(const FontChoice& choice) {
+    if (m_last != nullptr && m_last->choice() == choice) return *m_last;
     // A size that is not a number has no place in an order.
-    const float size = std::isfinite(spec.size) ? spec.size : 0;
-    auto& face = m_faces[{spec.name, size, spec.bold, spec.italic}];
-    if (!face) face = makeFace({spec.name, size, spec.bold, spec.italic});
+    const float size = std::isfinite(choice.size) ? choice.size : 0;
+    auto& face = m_faces[{choice.name, size, choice.bold, choice.italic}];
+    if (!face) face = makeFace({choice.name, size, choice.bold, choice.italic});
     m_last = face.get();
     return *face;
 }

@@ -12,13 +12,13 @@ namespace vandrel {
 
 // A font as the mark-up names it. Size in points; what is no size (0, negative, not a number) and what is
 // beyond the limits is measured and painted at the nearest limit, so that no text vanishes.
-struct FontSpec {
+struct FontChoice {
     QString name;
     float size = 0;
     bool bold = false;
     bool italic = false;
 
-    bool operator==(const FontSpec&) const = default;
+    bool operator==(const FontChoice&) const = default;
 };
 
 inline constexpr float smallestFontSize = 1;
@@ -29,12 +29,12 @@ float usableFontSize(float size);
 // widths: there is no kerning and there are no ligatures.
 class Face {
   public:
-    Face(FontSpec spec, double height, double ascent);
+    Face(FontChoice choice, double height, double ascent);
     virtual ~Face();
     Face(const Face&) = delete;
     Face& operator=(const Face&) = delete;
 
-    const FontSpec& spec() const { return m_spec; }
+    const FontChoice& choice() const { return m_choice; }
     double height() const { return m_height; } // of a line in this font; single precision, as lines keep it
     double ascent() const { return m_ascent; } // from the line's top down to the base line
     double width(char32_t character) const {
@@ -50,7 +50,7 @@ class Face {
   private:
     double look(char32_t character) const;
 
-    FontSpec m_spec;
+    FontChoice m_choice;
     double m_height;
     double m_ascent;
     mutable std::array<double, 0x250> m_near; // Latin letters; -1: not asked yet
@@ -62,10 +62,10 @@ class TextMeter {
     virtual ~TextMeter();
 
     // The face of a font; lives as long as the meter.
-    const Face& face(const FontSpec& spec);
+    const Face& face(const FontChoice& choice);
 
   protected:
-    virtual std::unique_ptr<Face> makeFace(const FontSpec& spec) = 0;
+    virtual std::unique_ptr<Face> makeFace(const FontChoice& choice) = 0;
 
   private:
     const Face* m_last = nullptr; // most texts are in the font of the one before

@@ -25,7 +25,7 @@ namespace vandrel::test {
 
 namespace {
 
-const FontSpec times{QStringLiteral("Times New Roman"), 10};
+const FontChoice times{QStringLiteral("Times New Roman"), 10};
 const QString accents = QStringLiteral("fi ffl AVATo á é í ó ö ő ú ü ű Á É Í Ó Ö Ő Ú Ü Ű");
 const PrintJobSetup a4{0, orientation::portrait, 11906, 16838, QStringLiteral("Próba <b>&\"")};
 

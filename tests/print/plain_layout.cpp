@@ -11,7 +11,7 @@ namespace {
 
 // What tags change.
 struct State {
-    FontSpec font;
+    FontChoice font;
     bool underline = false;
     long color = 0;
     long alignment = 0;

@@ -18,13 +18,13 @@ class NarrowMeter : public TextMeter {
   protected:
     class NarrowFace : public Face {
       public:
-        explicit NarrowFace(const FontSpec& spec) : Face(spec, 240, 180) {}
+        explicit NarrowFace(const FontChoice& choice) : Face(choice, 240, 180) {}
 
       protected:
         double measure(char32_t) const override { return 20; }
     };
-    std::unique_ptr<Face> makeFace(const FontSpec& spec) override {
-        return std::make_unique<NarrowFace>(spec);
+    std::unique_ptr<Face> makeFace(const FontChoice& choice) override {
+        return std::make_unique<NarrowFace>(choice);
     }
 };
 

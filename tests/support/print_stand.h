@@ -21,13 +21,13 @@ class FixedMeter : public TextMeter {
   protected:
     class FixedFace : public Face {
       public:
-        explicit FixedFace(const FontSpec& spec)
-            : Face(spec, 24.0 * usableFontSize(spec.size), 18.0 * usableFontSize(spec.size)) {}
+        explicit FixedFace(const FontChoice& choice)
+            : Face(choice, 24.0 * usableFontSize(choice.size), 18.0 * usableFontSize(choice.size)) {}
 
       protected:
         double measure(char32_t character) const override {
             double width = 100;
-            if (spec().name.startsWith(QLatin1String("Courier"), Qt::CaseInsensitive))
+            if (choice().name.startsWith(QLatin1String("Courier"), Qt::CaseInsensitive))
                 width = 120;
             else if (character == U'i' || character == U'l')
                 width = 50;
@@ -35,13 +35,13 @@ class FixedMeter : public TextMeter {
                 width = 150;
             else if (character >= 0x3000)
                 width = 200;
-            if (spec().bold) width *= 1.2;
-            return width * usableFontSize(spec().size) / 10;
+            if (choice().bold) width *= 1.2;
+            return width * usableFontSize(choice().size) / 10;
         }
     };
 
-    std::unique_ptr<Face> makeFace(const FontSpec& spec) override {
-        return std::make_unique<FixedFace>(spec);
+    std::unique_ptr<Face> makeFace(const FontChoice& choice) override {
+        return std::make_unique<FixedFace>(choice);
     }
 };
 
@@ -52,7 +52,7 @@ class RecordingPage : public PageTarget {
         QString text;
         std::vector<double> xs; // left edge of every UTF-16 unit
         double y = 0;
-        FontSpec font;
+        FontChoice font;
         bool underline = false;
         long color = 0;
         bool natural = true;
@@ -76,7 +76,7 @@ class RecordingPage : public PageTarget {
     struct Drawn {
         QString character;
         double x = 0, y = 0;
-        FontSpec font;
+        FontChoice font;
         bool underline = false;
         long color = 0;
     };
@@ -89,7 +89,7 @@ class RecordingPage : public PageTarget {
         texts.push_back({run.text.toString(),
                          {run.xs.begin(), run.xs.end()},
                          run.y,
-                         run.face->spec(),
+                         run.face->choice(),
                          run.underline,
                          run.color,
                          run.natural,
