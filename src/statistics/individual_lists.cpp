@@ -103,7 +103,7 @@ void VizDijStat_Nyom(ListRun& run) {
         const QString time = sheet.text(F_IDO).left(5);
         const QString doctor = run.lookUps.doctor(sheet.text(ORVKOD));
         const double amount = sheet.number(VizDijOsszeg);
-        run.text(run.fitted(patient, 79) + at(80, sheet.text(F_DATUM) + u' ' + time) +
+        run.text(run.fitted(patient, 79) + at(80, literalText(sheet.text(F_DATUM) + u' ' + time)) +
                  at(110, u"  "_s + run.fitted(doctor, 37)) + at(150, u"  "_s + format::thousands(amount)));
         run.row({patient, sheet.text(F_DATUM).trimmed(), time.trimmed(), sheet.text(SZAKREND).trimmed(),
                  sheet.text(ORVKOD).trimmed(), doctor, format::number(amount)});

@@ -37,16 +37,16 @@ QString joinedDiagnoses(const Query& sheet) {
 
 void printSheet(ListRun& run, const Query& sheet, const PatientColumns& patient,
                 const QString& diagnosisList) {
-    const auto t = [&](Column column) { return sheet.text(column); };
+    const auto t = [&](Column column) { return literalText(sheet.text(column)); };
     const QString time = at(50, t(F_DATUM) + u", "_s + t(F_IDO));
     // A sheet whose TAJ the register does not know keeps its line, without anything of a patient.
     if (patient.found)
         run.text(t(NAPLO) + at(10, run.fitted(patient.name, 39)) + time +
                  at(83, run.fitted(patient.taj + u'/' + patient.type, 26)) +
-                 at(110, patient.sex + u'/' + patient.birth) + at(150, t(SZAKREND)));
+                 at(110, literalText(patient.sex + u'/' + patient.birth)) + at(150, t(SZAKREND)));
     else
         run.text(t(NAPLO) + time + at(150, t(SZAKREND)));
-    run.text(u"BNO-k: <LINDENT=10> "_s + diagnosisList);
+    run.text(u"BNO-k: <LINDENT=10> "_s + literalText(diagnosisList));
     run.blank();
 }
 
@@ -93,7 +93,7 @@ void Bekuldok_vandrel_nyom(ListRun& run) {
             run.attempt([&] { procedure = run.lookUps.procedure(line.code); });
             const QString quantity = format::number(line.quantity);
             const QString points = format::number(procedure.points);
-            run.text(u"<LINDENT=5>"_s + line.code + u"<LINDENT=15>"_s +
+            run.text(u"<LINDENT=5>"_s + literalText(line.code) + u"<LINDENT=15>"_s +
                      run.fitted(procedure.name.left(90), 124) + u"</LINDENT><LINDENT=140>"_s + quantity +
                      u'*' + points);
             run.row(sheetCells + QStringList{line.code, procedure.name.trimmed(), quantity, points});

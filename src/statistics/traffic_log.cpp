@@ -65,30 +65,31 @@ void titleBlock(ListRun& run, const QString& unit, const QString& category, bool
 using Texts = std::array<QString, GYOGYFURD + 1>; // the columns of a sheet
 
 void printSheet(ListRun& run, const Texts& t, const PatientColumns& patient, const QString& procedures) {
-    run.text(TabbedLine(t[NAPLO])
+    const auto shown = [&](Column column) { return literalText(t[column]); };
+    run.text(TabbedLine(shown(NAPLO))
                  .at(13, run.fitted(patient.name, 26))
-                 .at(40, t[ELL_TIP])
-                 .at(50, t[F_DATUM], u" - ", t[F_IDO])
+                 .at(40, shown(ELL_TIP))
+                 .at(50, shown(F_DATUM), u" - ", shown(F_IDO))
                  .at(83, run.fitted(t[SZEM_SZAM] + u'/' + patient.type, 21))
                  .at(105, run.fitted(patient.sex + u'/' + patient.birth, 24))
                  .at(130, run.fitted(t[IGENYLO], 19))
-                 .at(150, t[DIAG1], u", ", t[DIAG2])
+                 .at(150, shown(DIAG1), u", ", shown(DIAG2))
                  .text());
-    run.text(TabbedLine(QString(u"Tov.: "_s + t[TOVA]))
-                 .at(15, u"Bale.: ", t[BALESET1], t[BALESET2])
-                 .at(35, u"Orvos: ", t[ORVKOD])
+    run.text(TabbedLine(QString(u"Tov.: "_s + shown(TOVA)))
+                 .at(15, u"Bale.: ", shown(BALESET1), shown(BALESET2))
+                 .at(35, u"Orvos: ", shown(ORVKOD))
                  .text());
-    run.text(TabbedLine(QString(u"Labor: "_s + t[LABOR]))
-                 .at(15, u"Rtg.: ", t[RTG])
-                 .at(30, u"CT-MR: ", t[CTMR])
-                 .at(50, u"Fizio.: ", t[FIZIO])
-                 .at(70, u"K.képt.: ", t[K_KEP])
-                 .at(90, u"Utiktg: ", t[UTKLTG])
-                 .at(110, u"Vény: ", t[RECEPT])
-                 .at(130, u"Segéde.: ", t[GYOGYSEG])
-                 .at(150, u"Gyógyf.: ", t[GYOGYFURD])
+    run.text(TabbedLine(QString(u"Labor: "_s + shown(LABOR)))
+                 .at(15, u"Rtg.: ", shown(RTG))
+                 .at(30, u"CT-MR: ", shown(CTMR))
+                 .at(50, u"Fizio.: ", shown(FIZIO))
+                 .at(70, u"K.képt.: ", shown(K_KEP))
+                 .at(90, u"Utiktg: ", shown(UTKLTG))
+                 .at(110, u"Vény: ", shown(RECEPT))
+                 .at(130, u"Segéde.: ", shown(GYOGYSEG))
+                 .at(150, u"Gyógyf.: ", shown(GYOGYFURD))
                  .text());
-    run.text(u"Beavatkozások: "_s + procedures); // a comma stands behind the last one too
+    run.text(u"Beavatkozások: "_s + literalText(procedures)); // a comma stands behind the last one too
     run.blank();
 }
 
