@@ -2,6 +2,7 @@
 
 #include "platform/format.h"
 
+#include <span>
 #include <string>
 
 using namespace Qt::StringLiterals;

@@ -3,6 +3,7 @@
 
 #include "statistics/list_run.h"
 
+#include <optional>
 #include <vector>
 
 namespace vandrel {
