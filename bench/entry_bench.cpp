@@ -22,6 +22,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::bench {
 
 namespace {
@@ -119,13 +121,13 @@ void measureTajSearch(Table& table, Setting& setting, const QString& size, int r
             pairs.program.push_back(program);
             pairs.floor.push_back(floor);
         }
-        table.pairs(QStringLiteral("TAJ search, %1, %2 sheets").arg(QLatin1String(kind.name), size), pairs,
-                    QStringLiteral("us"), 1e6, QStringLiteral("2000 us"));
+        table.pairs(u"TAJ search, %1, %2 sheets"_s.arg(QLatin1StringView(kind.name), size), pairs, u"us"_s,
+                    1e6, u"2000 us"_s);
     }
 }
 
 QString milliseconds(double seconds) {
-    return QString::number(seconds * 1000, 'f', 2) + QStringLiteral(" ms");
+    return QString::number(seconds * 1000, 'f', 2) + u" ms"_s;
 }
 
 void press(QWidget* field, QChar character) {
@@ -134,7 +136,7 @@ void press(QWidget* field, QChar character) {
 }
 
 QLineEdit* lineEdit(QWidget& form, const char* name) {
-    auto* field = form.findChild<QLineEdit*>(QLatin1String(name));
+    auto* field = form.findChild<QLineEdit*>(QLatin1StringView(name));
     if (field == nullptr) {
         std::fprintf(stderr, "no field %s\n", name);
         std::exit(1);
@@ -176,8 +178,7 @@ void measureForm(Table& table, Setting& setting, const QString& size, int rounds
     for (auto* button : list.findChildren<QRadioButton*>())
         if (button->text().contains(u"Megnevezésre")) button->click();
     field->setFocus();
-    for (const QString& text : {QStringLiteral("térd fejlődési"), QStringLiteral("nincs ilyen név"),
-                                QStringLiteral("13990. alak")}) {
+    for (const QString& text : {u"térd fejlődési"_s, u"nincs ilyen név"_s, u"13990. alak"_s}) {
         field->clear();
         QApplication::processEvents();
         for (const QChar character : text) {
@@ -191,14 +192,11 @@ void measureForm(Table& table, Setting& setting, const QString& size, int rounds
     const auto worst = [](const std::vector<double>& values) {
         return *std::max_element(values.begin(), values.end());
     };
-    table.single(QStringLiteral("Uj on the screen, painted, %1 sheets").arg(size), milliseconds(median(news)),
-                 QStringLiteral("20 ms"));
-    table.single(QStringLiteral("key stroke in the TAJ field, painted, %1 sheets").arg(size),
-                 milliseconds(median(keys)));
-    table.single(QStringLiteral("  the slowest of %1").arg(keys.size()), milliseconds(worst(keys)));
-    table.single(QStringLiteral("key stroke in the diagnosis list by name, painted"),
-                 milliseconds(median(searches)));
-    table.single(QStringLiteral("  the slowest of %1").arg(searches.size()), milliseconds(worst(searches)));
+    table.single(u"Uj on the screen, painted, %1 sheets"_s.arg(size), milliseconds(median(news)), u"20 ms"_s);
+    table.single(u"key stroke in the TAJ field, painted, %1 sheets"_s.arg(size), milliseconds(median(keys)));
+    table.single(u"  the slowest of %1"_s.arg(keys.size()), milliseconds(worst(keys)));
+    table.single(u"key stroke in the diagnosis list by name, painted"_s, milliseconds(median(searches)));
+    table.single(u"  the slowest of %1"_s.arg(searches.size()), milliseconds(worst(searches)));
 }
 
 void measureNewSheet(Table& table, Setting& setting, const QString& size, int rounds) {
@@ -220,8 +218,7 @@ void measureNewSheet(Table& table, Setting& setting, const QString& size, int ro
         pairs.program.push_back(program);
         pairs.floor.push_back(floor);
     }
-    table.pairs(QStringLiteral("Uj: the new sheet's values, %1 sheets").arg(size), pairs,
-                QStringLiteral("us"), 1e6, QStringLiteral("20000 us"));
+    table.pairs(u"Uj: the new sheet's values, %1 sheets"_s.arg(size), pairs, u"us"_s, 1e6, u"20000 us"_s);
 }
 
 void measureDiagnosisSearch(Table& table, Setting& setting, int rounds) {
@@ -236,9 +233,9 @@ void measureDiagnosisSearch(Table& table, Setting& setting, int rounds) {
         const char* name;
         std::vector<QString> texts;
     };
-    std::vector<Kind> kinds{{"found early", {u"Tér"_qs, u"zúzó"_qs, u"GYULLADÁSA"_qs}},
-                            {"found at the end", {u"13990. alak"_qs, u"13999. Al"_qs}},
-                            {"not found", {u"nincs ilyen"_qs, u"a szívek"_qs, u"14000. alak"_qs}}};
+    std::vector<Kind> kinds{{"found early", {u"Tér"_s, u"zúzó"_s, u"GYULLADÁSA"_s}},
+                            {"found at the end", {u"13990. alak"_s, u"13999. Al"_s}},
+                            {"not found", {u"nincs ilyen"_s, u"a szívek"_s, u"14000. alak"_s}}};
     for (const Kind& kind : kinds) {
         std::vector<QByteArray> bytes;
         for (const QString& text : kind.texts)
@@ -261,25 +258,24 @@ void measureDiagnosisSearch(Table& table, Setting& setting, int rounds) {
             pairs.program.push_back(seconds[0] / times);
             pairs.floor.push_back(seconds[1] / times);
         }
-        table.pairs(
-            QStringLiteral("diagnosis search by name, %1, 14,000 names").arg(QLatin1String(kind.name)), pairs,
-            QStringLiteral("us"), 1e6);
+        table.pairs(u"diagnosis search by name, %1, 14,000 names"_s.arg(QLatin1StringView(kind.name)), pairs,
+                    u"us"_s, 1e6);
     }
 }
 
 SheetFields sheetOf(Workstation& station, const QString& taj) {
     SheetFields fields = makeNewSheet(station).fields;
     fields.Szem_szam = taj;
-    fields.Azon_tipus = QStringLiteral("1");
-    fields.Neve = QStringLiteral("Kovács Béla");
-    fields.Irszam = QStringLiteral("1000");
-    fields.City = QStringLiteral("Mintafalu 1");
-    fields.Cim = QStringLiteral("Fő utca 1.");
-    fields.Anyja_neve = QStringLiteral("Nagy Éva");
-    fields.Nem = QStringLiteral("1");
-    fields.Szul_dat = QStringLiteral("1970.01.01.");
-    fields.Diag[0] = QStringLiteral("A0000");
-    fields.K_kep = QStringLiteral("0");
+    fields.Azon_tipus = u"1"_s;
+    fields.Neve = u"Kovács Béla"_s;
+    fields.Irszam = u"1000"_s;
+    fields.City = u"Mintafalu 1"_s;
+    fields.Cim = u"Fő utca 1."_s;
+    fields.Anyja_neve = u"Nagy Éva"_s;
+    fields.Nem = u"1"_s;
+    fields.Szul_dat = u"1970.01.01."_s;
+    fields.Diag[0] = u"A0000"_s;
+    fields.K_kep = u"0"_s;
     return fields;
 }
 
@@ -292,8 +288,7 @@ void measureStore(Table& table, Setting& setting, const QString& size, int round
             double seconds[2] = {0, 0};
             for (int i = 0; i < times; ++i) {
                 // The first sheet of each kind enters the patient, or brings the register up to date.
-                const QString taj =
-                    known ? QStringLiteral("900000007") : QString::number(910'000'000 + round * 100 + i);
+                const QString taj = known ? u"900000007"_s : QString::number(910'000'000 + round * 100 + i);
                 const SheetFields fields = sheetOf(setting.station, taj);
                 const long before = syncCounterDataFiles(), allBefore = syncCounterAll();
                 const Stopwatch watch;
@@ -311,11 +306,10 @@ void measureStore(Table& table, Setting& setting, const QString& size, int round
             pairs.program.push_back(seconds[0] / times);
             pairs.floor.push_back(seconds[1] / times);
         }
-        const QString kind = known ? QStringLiteral("known patient") : QStringLiteral("new patient");
-        table.pairs(QStringLiteral("store, %1, %2 sheets").arg(kind, size), pairs, QStringLiteral("ms"),
-                    1000);
-        table.single(QStringLiteral("  its synced transactions (of %1 syncs)").arg(writes),
-                     QString::number(transactions), QStringLiteral("3"));
+        const QString kind = known ? u"known patient"_s : u"new patient"_s;
+        table.pairs(u"store, %1, %2 sheets"_s.arg(kind, size), pairs, u"ms"_s, 1000);
+        table.single(u"  its synced transactions (of %1 syncs)"_s.arg(writes), QString::number(transactions),
+                     u"3"_s);
     }
 }
 

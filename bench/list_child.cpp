@@ -24,6 +24,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::bench {
 
 namespace {
@@ -39,7 +41,7 @@ constexpr double twipsOfMillimetre = 56.7;
 class PdfService : public PrintService {
   public:
     explicit PdfService(QString path) : m_path(std::move(path)) {}
-    std::vector<PrinterEntry> printers() const override { return {{QStringLiteral("PDF"), {}}}; }
+    std::vector<PrinterEntry> printers() const override { return {{u"PDF"_s, {}}}; }
     int defaultPrinter() const override { return 0; }
     PrinterPaper paper(int) const override { return {}; }
     std::unique_ptr<PrintJob> begin(const PrintJobSetup& setup) override {
@@ -166,7 +168,7 @@ class Strings : public PageTarget {
 };
 
 QFont plainFont(const FontChoice& choice) {
-    QFont font(QStringLiteral("Liberation Serif"));
+    QFont font(u"Liberation Serif"_s);
     font.setPixelSize(static_cast<int>(choice.size * 20));
     font.setBold(choice.bold);
     font.setKerning(false);
@@ -221,7 +223,7 @@ int documentChild(int sheets, const QString& pdf) {
     double built = 0;
     QTextDocument document;
     document.setUndoRedoEnabled(false);
-    QFont font(QStringLiteral("Liberation Serif"));
+    QFont font(u"Liberation Serif"_s);
     font.setPointSizeF(listFontSize);
     font.setKerning(false);
     font.setHintingPreference(QFont::PreferNoHinting);
@@ -238,7 +240,7 @@ int documentChild(int sheets, const QString& pdf) {
                 tabs << QTextOption::Tab(length(stop), QTextOption::LeftTab);
             format.setTabPositions(tabs);
             QTextCharFormat look;
-            if (text.startsWith(QLatin1String("<b>"))) look.setFontWeight(QFont::Bold);
+            if (text.startsWith("<b>"_L1)) look.setFontWeight(QFont::Bold);
             cursor.insertBlock(format, look);
             cursor.insertText(plain);
         }
@@ -343,8 +345,8 @@ int storedChild(StatisticsList which, const QString& folder, const QString& from
     request.allCategories = true;
     request.from = from;
     request.to = to;
-    request.fromCode = QStringLiteral("000000000");
-    request.toCode = QStringLiteral("999999999");
+    request.fromCode = u"000000000"_s;
+    request.toCode = u"999999999"_s;
     const double before = peakMegabytes();
     const Stopwatch elapsing;
     const ProcessorWatch watch;
@@ -368,15 +370,15 @@ int storedChild(StatisticsList which, const QString& folder, const QString& from
 
 int listChild(int argc, char** argv, const QStringList& words) {
     const QGuiApplication application(argc, argv);
-    if (words[0] == QLatin1String("stored"))
+    if (words[0] == "stored"_L1)
         return storedChild(StatisticsList::trafficLog, words.value(1), words.value(2), words.value(3));
-    if (words[0] == QLatin1String("referrers"))
+    if (words[0] == "referrers"_L1)
         return storedChild(StatisticsList::referrersItemised, words.value(1), words.value(2), words.value(3));
     const int sheets = words.value(1).toInt();
-    if (words[0] == QLatin1String("engine")) return engineChild(sheets, words.value(2));
-    if (words[0] == QLatin1String("paint")) return paintChild(sheets, words.value(2));
-    if (words[0] == QLatin1String("document")) return documentChild(sheets, words.value(2));
-    if (words[0] == QLatin1String("preview")) return previewChild(sheets);
+    if (words[0] == "engine"_L1) return engineChild(sheets, words.value(2));
+    if (words[0] == "paint"_L1) return paintChild(sheets, words.value(2));
+    if (words[0] == "document"_L1) return documentChild(sheets, words.value(2));
+    if (words[0] == "preview"_L1) return previewChild(sheets);
     return 1;
 }
 

@@ -2,6 +2,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::bench {
 
 namespace {
@@ -31,7 +33,7 @@ bool TrafficLogTexts::next(std::vector<QString>& batch) {
         if (m_done % sheetsOfUnit == 0) unit(batch);
         sheet(batch);
     }
-    if (m_done == m_sheets) batch.push_back(QStringLiteral("<b>Munkahely összesen:  %1</b>").arg(m_sheets));
+    if (m_done == m_sheets) batch.push_back(u"<b>Munkahely összesen:  %1</b>"_s.arg(m_sheets));
     return true;
 }
 
@@ -43,46 +45,40 @@ void TrafficLogTexts::head(std::vector<QString>& batch) {
 
 void TrafficLogTexts::unit(std::vector<QString>& batch) {
     const int unit = m_done / sheetsOfUnit;
-    batch.push_back(QStringLiteral("<b>Munkahely: <LINDENT=30>%1 %2. számú szakrendelés</LINDENT></b>")
+    batch.push_back(u"<b>Munkahely: <LINDENT=30>%1 %2. számú szakrendelés</LINDENT></b>"_s
                         .arg(number(120'000'100 + unit * 38'001, 9))
                         .arg(unit + 1));
-    batch.push_back(QStringLiteral("<b>Kategória: <LINDENT=30>01</LINDENT></b>"));
-    batch.push_back(QStringLiteral(
-        "Ssz.<LINDENT=13>Neve</LINDENT><LINDENT=40>Tip.</LINDENT><LINDENT=50>Ellát. idő</LINDENT>"
+    batch.push_back(u"<b>Kategória: <LINDENT=30>01</LINDENT></b>"_s);
+    batch.push_back(
+        u"Ssz.<LINDENT=13>Neve</LINDENT><LINDENT=40>Tip.</LINDENT><LINDENT=50>Ellát. idő</LINDENT>"
         "<LINDENT=83>TAJ/Tip</LINDENT><LINDENT=105>NEM/Szül. idő</LINDENT><LINDENT=130>Beküldő</LINDENT>"
-        "<LINDENT=150>BNO</LINDENT>"));
+        "<LINDENT=150>BNO</LINDENT>"_s);
     batch.push_back(QString(81, u'_'));
 }
 
 void TrafficLogTexts::sheet(std::vector<QString>& batch) {
-    const auto flag = [&](int percent) {
-        return chance(percent) ? QStringLiteral("1") : QStringLiteral("0");
-    };
+    const auto flag = [&](int percent) { return chance(percent) ? u"1"_s : u"0"_s; };
     const auto column = [](int place, const QString& text) {
-        return QStringLiteral("<LINDENT=%1>%2</LINDENT>").arg(place).arg(text);
+        return u"<LINDENT=%1>%2</LINDENT>"_s.arg(place).arg(text);
     };
     const auto diagnosis = [&] { return QChar(u'A' + below(20)) + number(below(10'000), 4); };
     const auto name = [&](const auto& from) {
         return QString::fromUtf16(from[static_cast<std::size_t>(below(static_cast<int>(from.size())))]);
     };
     QString first = QString::number(m_done + 1);
-    first += column(13, name(surnames) + u' ' + name(givenNames)) + column(40, QStringLiteral("1"));
-    first += column(50, QStringLiteral("2008.%1.%2. - %3:%4:00")
-                            .arg(number(1 + below(3), 2), number(1 + below(28), 2), number(7 + below(12), 2),
-                                 number(below(60), 2)));
-    first += column(83, number(below(1'000'000'000), 9) + QStringLiteral("/1"));
-    first += column(105, QStringLiteral("%1/%2.%3.%4.")
-                             .arg(1 + below(2))
+    first += column(13, name(surnames) + u' ' + name(givenNames)) + column(40, u"1"_s);
+    first += column(50, u"2008.%1.%2. - %3:%4:00"_s.arg(number(1 + below(3), 2), number(1 + below(28), 2),
+                                                        number(7 + below(12), 2), number(below(60), 2)));
+    first += column(83, number(below(1'000'000'000), 9) + u"/1"_s);
+    first += column(105, u"%1/%2.%3.%4."_s.arg(1 + below(2))
                              .arg(1920 + below(88))
                              .arg(number(1 + below(12), 2), number(1 + below(28), 2)));
-    first += column(130, chance(40) ? number(990'000'000 + below(300) * 811, 9) : QStringLiteral(" "));
-    first +=
-        column(150, diagnosis() + QStringLiteral(", ") + (chance(60) ? diagnosis() : QStringLiteral(" ")));
+    first += column(130, chance(40) ? number(990'000'000 + below(300) * 811, 9) : u" "_s);
+    first += column(150, diagnosis() + u", "_s + (chance(60) ? diagnosis() : u" "_s));
     batch.push_back(std::move(first));
-    batch.push_back(QStringLiteral("Tov.: ") + flag(10) +
-                    column(15, QStringLiteral("Bale.: ") + flag(3) + u'0') +
-                    column(35, QStringLiteral("Orvos: ") + number(40'001 + below(60) * 117, 5)));
-    QString third = QStringLiteral("Labor: ") + flag(20);
+    batch.push_back(u"Tov.: "_s + flag(10) + column(15, u"Bale.: "_s + flag(3) + u'0') +
+                    column(35, u"Orvos: "_s + number(40'001 + below(60) * 117, 5)));
+    QString third = u"Labor: "_s + flag(20);
     for (const auto& [place, head] :
          {std::pair(15, u"Rtg.: "), std::pair(30, u"CT-MR: "), std::pair(50, u"Fizio.: "),
           std::pair(70, u"K.képt.: "), std::pair(90, u"Utiktg: "), std::pair(110, u"Vény: "),
@@ -91,15 +87,14 @@ void TrafficLogTexts::sheet(std::vector<QString>& batch) {
     batch.push_back(std::move(third));
     QString procedures = sheetMark + u' ';
     for (int line = 0; line < 4; ++line)
-        procedures += QStringLiteral("%1 (%2), ")
-                          .arg(number(11'000 + below(5'000) * 17, 5))
-                          .arg(chance(90) ? 1 : 1 + below(40));
+        procedures +=
+            u"%1 (%2), "_s.arg(number(11'000 + below(5'000) * 17, 5)).arg(chance(90) ? 1 : 1 + below(40));
     batch.push_back(std::move(procedures));
-    batch.push_back(QStringLiteral(" "));
+    batch.push_back(u" "_s);
 }
 
 QString withTabs(const QString& text, std::vector<double>& stops) {
-    static const QString indent = QStringLiteral("<LINDENT=");
+    static const QString indent = u"<LINDENT="_s;
     stops.clear();
     QString plain;
     for (qsizetype at = 0; at < text.size();) {
@@ -134,7 +129,7 @@ void prepareDocument(qcPrinter& document) {
     document.setMarginBottom(listMargin);
     constexpr int even = 3, odd = 2;
     qcTextItem& footer = document.Footer(even);
-    footer.setText(QStringLiteral("#pagenumber# / #pagetotal# .oldal"));
+    footer.setText(u"#pagenumber# / #pagetotal# .oldal"_s);
     footer.setFontName(listFont);
     footer.setFontSize(10);
     footer.setFontBold(true);

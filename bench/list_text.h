@@ -11,10 +11,12 @@
 
 namespace vandrel::bench {
 
-// Stands once on the page for every sheet.
-inline const QString sheetMark = QStringLiteral("Beavatkozások:");
+using namespace Qt::StringLiterals;
 
-inline const QString listFont = QStringLiteral("Times New Roman");
+// Stands once on the page for every sheet.
+inline const QString sheetMark = u"Beavatkozások:"_s;
+
+inline const QString listFont = u"Times New Roman"_s;
 inline constexpr float listFontSize = 9; // points
 // Millimetres, as the lists have them.
 inline constexpr float listMarginLeft = 20;
@@ -24,8 +26,8 @@ inline constexpr int batchSheets = 500;    // sheets whose texts exist at one ti
 inline constexpr int sheetsOfUnit = 2'500; // a title block stands before so many
 
 // The period of the list of the sample clinic: all its sheets.
-inline const QString storedFrom = QStringLiteral("2003.01.01.");
-inline const QString storedTo = QStringLiteral("2008.12.31.");
+inline const QString storedFrom = u"2003.01.01."_s;
+inline const QString storedTo = u"2008.12.31."_s;
 
 class TrafficLogTexts {
   public:

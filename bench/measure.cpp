@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::bench {
 
 double median(std::vector<double> values) {
@@ -14,7 +16,7 @@ double median(std::vector<double> values) {
 }
 
 double peakMegabytes() {
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status(u"/proc/self/status"_s);
     if (!status.open(QIODevice::ReadOnly)) return 0;
     for (const QByteArray& line : status.readAll().split('\n'))
         if (line.startsWith("VmHWM:")) return line.mid(6).trimmed().split(' ').first().toDouble() / 1024;
@@ -32,7 +34,7 @@ void Table::pairs(const QString& what, const Pairs& figures, const QString& unit
                   const QString& aim) {
     const auto shown = [&](const std::vector<double>& values) {
         const double value = median(values) * factor;
-        return QString::number(value, 'f', value < 10 ? 2 : 1) + QLatin1Char(' ') + unit;
+        return QString::number(value, 'f', value < 10 ? 2 : 1) + ' '_L1 + unit;
     };
     m_rows.push_back(
         {what, shown(figures.program), shown(figures.floor), QString::number(figures.ratio(), 'f', 2), aim});
@@ -49,10 +51,9 @@ void Table::print() const {
                     qUtf8Printable(program.rightJustified(12)), qUtf8Printable(floor.rightJustified(12)),
                     qUtf8Printable(ratio.rightJustified(6)), qUtf8Printable(aim.leftJustified(12)));
     };
-    line(QStringLiteral("figure"), QStringLiteral("program"), QStringLiteral("floor"),
-         QStringLiteral("ratio"), QStringLiteral("aim"));
-    line(QString(66, QLatin1Char('-')), QString(12, QLatin1Char('-')), QString(12, QLatin1Char('-')),
-         QString(6, QLatin1Char('-')), QString(12, QLatin1Char('-')));
+    line(u"figure"_s, u"program"_s, u"floor"_s, u"ratio"_s, u"aim"_s);
+    line(QString(66, '-'_L1), QString(12, '-'_L1), QString(12, '-'_L1), QString(6, '-'_L1),
+         QString(12, '-'_L1));
     for (const Row& row : m_rows)
         line(row.what, row.program, row.floor, row.ratio, row.aim);
 }

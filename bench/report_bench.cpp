@@ -17,6 +17,8 @@
 #include <cstdlib>
 #include <ctime>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::bench {
 
 namespace {
@@ -59,20 +61,19 @@ struct Files {
 };
 
 Files filesIn(const QString& folder) {
-    return {bytesOf(folder + QStringLiteral("/tet9012.amb")), bytesOf(folder + QStringLiteral("/kuldo.txt"))};
+    return {bytesOf(folder + u"/tet9012.amb"_s), bytesOf(folder + u"/kuldo.txt"_s)};
 }
 
 void removeFiles(const QString& folder) {
     for (const char* name : {"/tet9012.amb", "/kuldo.txt"})
-        QFile::remove(folder + QLatin1String(name));
+        QFile::remove(folder + QLatin1StringView(name));
 }
 
 Figures floorRun(const QString& program, const QString& folder, const QString& month,
                  const QString& workFolder, Files& files) {
     removeFiles(workFolder);
     const QStringList words =
-        runChild(neighbour(program), {folder, month, QStringLiteral("2008.04.03.")}, workFolder)
-            .output.split(QLatin1Char(' '));
+        runChild(neighbour(program), {folder, month, u"2008.04.03."_s}, workFolder).output.split(' '_L1);
     files = filesIn(workFolder);
     return {words[0].toDouble(),        words[3].toDouble(),  0, 0,
             words[2].toDouble() / 1024, words[1].toLongLong()};
@@ -80,8 +81,8 @@ Figures floorRun(const QString& program, const QString& folder, const QString& m
 
 Figures programRun(const QString& folder, const QString& month, Files& files) {
     removeFiles(folder);
-    const QStringList words = runChild(ownProgram(), {QStringLiteral("--report"), folder, month}, folder)
-                                  .output.split(QLatin1Char(' '));
+    const QStringList words =
+        runChild(ownProgram(), {u"--report"_s, folder, month}, folder).output.split(' '_L1);
     files = filesIn(folder);
     return {words[0].toDouble(), words[2].toDouble(), words[3].toDouble(),
             words[4].toDouble(), words[5].toDouble(), words[1].toLongLong()};
@@ -101,20 +102,20 @@ int reportChild(int argc, char** argv, const QString& folder, const QString& mon
     const FixedClock clock(today);
     NoPacker packer;
     Workstation station(folder, dialogue, clock, packer);
-    const QString target = folder + QStringLiteral("/target/");
+    const QString target = folder + u"/target/"_s;
     QDir().mkpath(target);
     // As on a running workstation, the files are open when the button is pressed.
     for (const DataFile file : {DataFile::tetdata, DataFile::tetseged, DataFile::beav, DataFile::tetmod})
         station.files[file];
 
     QWidget opener;
-    levForm form(station, &opener, QStringLiteral("0"));
+    levForm form(station, &opener, u"0"_s);
     station.reportTarget = target;
     form.open();
     QApplication::processEvents();
     for (const char* name : {"IdoszakTol", "IdoszakIg"})
-        form.findChild<MaskedField*>(QLatin1String(name))->setValue(month);
-    auto* button = form.findChild<QPushButton*>(QStringLiteral("Levalogatas"));
+        form.findChild<MaskedField*>(QLatin1StringView(name))->setValue(month);
+    auto* button = form.findChild<QPushButton*>(u"Levalogatas"_s);
     const double peakBefore = peakMegabytes();
 
     // A gap ends when the event loop gets its turn and begins when the turn is over.
@@ -133,7 +134,7 @@ int reportChild(int argc, char** argv, const QString& folder, const QString& mon
     gapEnds();
     const double seconds = watch.seconds();
     const double used = static_cast<double>(std::clock() - processor) / CLOCKS_PER_SEC;
-    const auto* records = form.findChild<QLabel*>(QStringLiteral("Output"));
+    const auto* records = form.findChild<QLabel*>(u"Output"_s);
     std::printf("%.6f %s %.6f %.6f %.1f %.1f", seconds, qPrintable(records->text()), used, longest,
                 peakBefore, peakMegabytes());
     return 0;
@@ -145,17 +146,14 @@ void measureReport(Table& table, const QString& folder, const QString& size, con
     double peaks[2] = {0, 0};
     for (const bool large : {false, true}) {
         const QString month = large ? largeMonth : smallMonth;
-        const QString name = QStringLiteral("report of %1 sheets, %2 in all")
-                                 .arg(large ? QStringLiteral("40,000") : QStringLiteral("8,000"), size);
+        const QString name = u"report of %1 sheets, %2 in all"_s.arg(large ? u"40,000"_s : u"8,000"_s, size);
         Pairs query, scratch, processor, peak, peakOfFloor;
         std::vector<double> gaps;
         releaseMonth(folder, month);
         for (int round = 0; round <= rounds; ++round) {
             Files floorFiles, files;
-            const Figures floor1 =
-                floorRun(QStringLiteral("vandrel-floor-query"), folder, month, workFolder, floorFiles);
-            const Figures floor2 =
-                floorRun(QStringLiteral("vandrel-floor-scratch"), folder, month, workFolder, files);
+            const Figures floor1 = floorRun(u"vandrel-floor-query"_s, folder, month, workFolder, floorFiles);
+            const Figures floor2 = floorRun(u"vandrel-floor-scratch"_s, folder, month, workFolder, files);
             requireSame(files, floorFiles);
             releaseMonth(folder, month);
             const Figures ours = programRun(folder, month, files);
@@ -176,24 +174,19 @@ void measureReport(Table& table, const QString& folder, const QString& size, con
             peakOfFloor.floor.push_back(floor2.peak);
             gaps.push_back(ours.gap);
         }
-        table.pairs(name + QStringLiteral(" / query and write"), query, QStringLiteral("ms"), 1000);
-        table.pairs(name + QStringLiteral(" / scratch rows, marks"), scratch, QStringLiteral("ms"), 1000,
-                    QStringLiteral("ratio 1.3"));
-        table.pairs(name + QStringLiteral(" / the same, processor time"), processor, QStringLiteral("ms"),
-                    1000);
-        table.pairs(name + QStringLiteral(": peak memory / before it"), peak, QStringLiteral("MB"), 1);
-        table.pairs(name + QStringLiteral(": peak memory / floor's"), peakOfFloor, QStringLiteral("MB"), 1);
-        table.single(name + QStringLiteral(": longest wait of the window, median"),
-                     QString::number(median(gaps) * 1000, 'f', 1) + QStringLiteral(" ms"),
-                     QStringLiteral("50 ms"));
-        table.single(name + QStringLiteral(": longest wait of the window, worst"),
-                     QString::number(*std::max_element(gaps.begin(), gaps.end()) * 1000, 'f', 1) +
-                         QStringLiteral(" ms"));
+        table.pairs(name + u" / query and write"_s, query, u"ms"_s, 1000);
+        table.pairs(name + u" / scratch rows, marks"_s, scratch, u"ms"_s, 1000, u"ratio 1.3"_s);
+        table.pairs(name + u" / the same, processor time"_s, processor, u"ms"_s, 1000);
+        table.pairs(name + u": peak memory / before it"_s, peak, u"MB"_s, 1);
+        table.pairs(name + u": peak memory / floor's"_s, peakOfFloor, u"MB"_s, 1);
+        table.single(name + u": longest wait of the window, median"_s,
+                     QString::number(median(gaps) * 1000, 'f', 1) + u" ms"_s, u"50 ms"_s);
+        table.single(name + u": longest wait of the window, worst"_s,
+                     QString::number(*std::max_element(gaps.begin(), gaps.end()) * 1000, 'f', 1) + u" ms"_s);
         peaks[large ? 1 : 0] = median(peak.program) - median(peak.floor);
     }
-    table.single(QStringLiteral("peak memory added by the report, 8,000 and 40,000 sheets, %1").arg(size),
-                 QStringLiteral("%1, %2 MB").arg(peaks[0], 0, 'f', 1).arg(peaks[1], 0, 'f', 1),
-                 QStringLiteral("the same"));
+    table.single(u"peak memory added by the report, 8,000 and 40,000 sheets, %1"_s.arg(size),
+                 u"%1, %2 MB"_s.arg(peaks[0], 0, 'f', 1).arg(peaks[1], 0, 'f', 1), u"the same"_s);
 }
 
 } // namespace vandrel::bench

@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::bench {
 
 namespace {
@@ -297,7 +299,7 @@ void fillSheets(Database& database, int sheets, int patients) {
 } // namespace
 
 void makeSampleClinic(const QString& folder, int sheets) {
-    const QString whole = QDir(folder).filePath(QStringLiteral("whole"));
+    const QString whole = QDir(folder).filePath(u"whole"_s);
     if (QFile::exists(whole)) return;
     QDir(folder).removeRecursively();
     createProgramFolder(folder);

@@ -6,8 +6,10 @@
 
 namespace vandrel::bench {
 
-inline const QString smallMonth = QStringLiteral("2008.02"); // 8,000 sheets are due in it
-inline const QString largeMonth = QStringLiteral("2008.03"); // 40,000 sheets
+using namespace Qt::StringLiterals;
+
+inline const QString smallMonth = u"2008.02"_s; // 8,000 sheets are due in it
+inline const QString largeMonth = u"2008.03"_s; // 40,000 sheets
 inline constexpr int smallMonthSheets = 8'000;
 inline constexpr int largeMonthSheets = 40'000;
 

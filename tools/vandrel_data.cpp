@@ -10,6 +10,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 enum ExitCode { done = 0, failed = 1, wrongUse = 2 };
@@ -33,17 +35,14 @@ int refuse(const QString& reason) {
 int create(const QString& folder, bool sample) {
     const vandrel::FolderOutcome outcome = vandrel::completeProgramFolder(folder, sample);
     for (const QString& name : outcome.made)
-        print(stdout, QStringLiteral("elkészült:  %1\n").arg(name));
+        print(stdout, u"elkészült:  %1\n"_s.arg(name));
     for (const QString& name : outcome.kept)
-        print(stdout, QStringLiteral("már megvolt: %1\n").arg(name));
+        print(stdout, u"már megvolt: %1\n"_s.arg(name));
     if (outcome.made.isEmpty())
-        print(stdout, QStringLiteral("A mappa teljes, nem volt mit létrehozni: %1\n").arg(folder));
+        print(stdout, u"A mappa teljes, nem volt mit létrehozni: %1\n"_s.arg(folder));
     else
-        print(
-            stdout,
-            sample
-                ? QStringLiteral("A mappa kész, az új szótárak mintaadatokat tartalmaznak: %1\n").arg(folder)
-                : QStringLiteral("A mappa kész: %1\n").arg(folder));
+        print(stdout, sample ? u"A mappa kész, az új szótárak mintaadatokat tartalmaznak: %1\n"_s.arg(folder)
+                             : u"A mappa kész: %1\n"_s.arg(folder));
     return done;
 }
 
@@ -52,21 +51,21 @@ int create(const QString& folder, bool sample) {
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     QStringList arguments = application.arguments().mid(1);
-    if (arguments.contains(QStringLiteral("--help"))) {
+    if (arguments.contains(u"--help"_s)) {
         print(stdout, QString::fromUtf8(usage));
         return done;
     }
-    if (arguments.isEmpty() || arguments.takeFirst() != QLatin1String("create"))
-        return refuse(QStringLiteral("Hiányzó vagy ismeretlen parancs."));
-    const bool sample = arguments.removeAll(QStringLiteral("--sample")) > 0;
+    if (arguments.isEmpty() || arguments.takeFirst() != "create"_L1)
+        return refuse(u"Hiányzó vagy ismeretlen parancs."_s);
+    const bool sample = arguments.removeAll(u"--sample"_s) > 0;
     for (const QString& argument : arguments)
-        if (argument.startsWith(u'-')) return refuse(QStringLiteral("Ismeretlen kapcsoló: %1").arg(argument));
+        if (argument.startsWith(u'-')) return refuse(u"Ismeretlen kapcsoló: %1"_s.arg(argument));
     if (arguments.size() != 1 || arguments.front().isEmpty())
-        return refuse(QStringLiteral("Pontosan egy mappát kell megadni."));
+        return refuse(u"Pontosan egy mappát kell megadni."_s);
     try {
         return create(arguments.front(), sample);
     } catch (const vandrel::Fault& fault) {
-        print(stderr, QStringLiteral("Hiba: %1 (%2)\n").arg(fault.text()).arg(fault.number()));
+        print(stderr, u"Hiba: %1 (%2)\n"_s.arg(fault.text()).arg(fault.number()));
         return failed;
     }
 }

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QPixmap>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 bool deliverShowingFaults(Dialogue* dialogue, const std::function<bool()>& deliver) {
@@ -13,7 +15,7 @@ bool deliverShowingFaults(Dialogue* dialogue, const std::function<bool()>& deliv
     try {
         return deliver();
     } catch (const Fault& fault) {
-        dialogue->tell(fault.text(), QStringLiteral("Hiba"));
+        dialogue->tell(fault.text(), u"Hiba"_s);
         return false;
     }
 }

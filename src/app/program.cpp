@@ -18,6 +18,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -71,7 +73,7 @@ Program::Program(Workstation& station, std::function<bool()> otherInstanceRuns)
     if (m_station.printing == nullptr) m_printing = std::make_unique<Printing>(m_station);
     if (!m_station.serveEvents) m_station.serveEvents = [] { QCoreApplication::processEvents(); };
     m_mainWindow = std::make_unique<tetindul>(
-        m_station, tetindul::Surroundings{m_otherInstanceRuns, [this] { end(); }, applySeeThrough});
+        m_station, tetindul::Environment{m_otherInstanceRuns, [this] { end(); }, applySeeThrough});
     wire();
 }
 
@@ -100,7 +102,7 @@ bool Program::start() {
     // Another instance may be in the middle of a store; this one ends in a moment anyway.
     if (!m_otherInstanceRuns())
         deliverShowingFaults(&m_station.dialogue, [this] {
-            mendCounters(m_station);
+            repairCounters(m_station);
             return true;
         });
     m_mainWindow->load();
@@ -138,7 +140,7 @@ int runProgram(int argc, char** argv) {
         return QCoreApplication::exec();
     } catch (const Fault& fault) {
         // Raised before the event loop could show it.
-        dialogue.tell(fault.text(), QStringLiteral("Hiba"));
+        dialogue.tell(fault.text(), u"Hiba"_s);
         return 1;
     }
 }

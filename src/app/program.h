@@ -4,10 +4,10 @@
 #pragma once
 
 #include "app/printing.h"
+#include "foundation/forms/nemform.h"
 #include "foundation/forms/tetindul.h"
 #include "foundation/forms/work_form.h"
 #include "foundation/workstation.h"
-#include "settings/forms/nemform.h"
 
 #include <QPointer>
 

@@ -9,6 +9,8 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -112,20 +114,18 @@ QString DataFiles::examine(DataFile file) {
         for (const catalogue::Table& table : catalogue::file(file).tables) {
             const QString tableName = latin(table.name);
             if (!database.hasTable(tableName))
-                return QStringLiteral("A(z) %1 állományban nem található a(z) %2 tábla!")
-                    .arg(name, tableName);
+                return u"A(z) %1 állományban nem található a(z) %2 tábla!"_s.arg(name, tableName);
             Query columns = database.query("select name from pragma_table_info(?1)", tableName);
             QStringList present;
             while (columns.next())
                 present << columns.text(0);
             for (const catalogue::Column& column : table.columns)
                 if (!present.contains(latin(column.name), Qt::CaseInsensitive))
-                    return QStringLiteral("A(z) %1 állomány %2 táblájában nem található a(z) %3 mező!")
-                        .arg(name, tableName, latin(column.name));
+                    return u"A(z) %1 állomány %2 táblájában nem található a(z) %3 mező!"_s.arg(
+                        name, tableName, latin(column.name));
         }
-        if (QFileInfo(database.path()).size() <= readThroughLimit &&
-            database.quickCheck() != QLatin1String("ok"))
-            return QStringLiteral("A(z) %1 állomány sérült!").arg(name);
+        if (QFileInfo(database.path()).size() <= readThroughLimit && database.quickCheck() != "ok"_L1)
+            return u"A(z) %1 állomány sérült!"_s.arg(name);
     } catch (const Fault& fault) {
         return fault.text();
     }
@@ -135,10 +135,9 @@ QString DataFiles::examine(DataFile file) {
 void createDataFile(const QString& path, DataFile file) {
     const catalogue::File& entry = catalogue::file(file);
     // Made under another name first: a file under its own name is always whole.
-    const QString unfinished = path + QStringLiteral(".uj");
+    const QString unfinished = path + u".uj"_s;
     QFile::remove(unfinished);
-    if (QFileInfo::exists(path))
-        throw Fault(fault::pathAccess, QStringLiteral("Már van ilyen állomány: %1").arg(path));
+    if (QFileInfo::exists(path)) throw Fault(fault::pathAccess, u"Már van ilyen állomány: %1"_s.arg(path));
     {
         Database database = Database::create(unfinished);
         Transaction transaction(database);
@@ -164,12 +163,12 @@ QStringList createProgramFolder(const QString& folder) {
         createDataFile(path, entry.file);
         made << latin(entry.name);
     }
-    const QString setup = QDir(folder).filePath(QStringLiteral("setup.ini"));
+    const QString setup = QDir(folder).filePath(u"setup.ini"_s);
     if (!QFileInfo::exists(setup)) {
         const IniFile ini(setup);
         for (const auto& [section, key, value] : setupKeys)
-            ini.setValue(QLatin1String(section), QLatin1String(key), QLatin1String(value));
-        made << QStringLiteral("setup.ini");
+            ini.setValue(QLatin1StringView(section), QLatin1StringView(key), QLatin1StringView(value));
+        made << u"setup.ini"_s;
     }
     return made;
 }

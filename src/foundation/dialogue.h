@@ -6,12 +6,14 @@
 
 namespace vandrel {
 
+using namespace Qt::StringLiterals;
+
 enum class Icon { none, information, question, warning, critical };
 enum class Buttons { ok, yesNo };
 enum class Answer { ok, yes, no };
 
 // The title of boxes for which no other one is laid down.
-inline const QString programTitle = QStringLiteral("Vandrel Járóbeteg program");
+inline const QString programTitle = u"Vandrel Járóbeteg program"_s;
 
 struct Message {
     QString text;

@@ -3,6 +3,8 @@
 #include <array>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -18,7 +20,7 @@ std::optional<bool> logHasTaj(Workstation& station) {
         bool tableThere = false;
         while (fields.next()) {
             tableThere = true;
-            if (fields.text(0).compare(QLatin1String("TAJ"), Qt::CaseInsensitive) == 0) return true;
+            if (fields.text(0).compare("TAJ"_L1, Qt::CaseInsensitive) == 0) return true;
         }
         return tableThere ? std::optional(false) : std::nullopt;
     } catch (const Fault&) {
@@ -37,24 +39,24 @@ bool examineDataFiles(Workstation& station) {
     for (const DataFile file : neededFiles) {
         const QString wrong = station.files.examine(file);
         if (wrong.isEmpty()) continue;
-        station.dialogue.tell(wrong, QStringLiteral("Hiba"));
+        station.dialogue.tell(wrong, u"Hiba"_s);
         canRun = false;
     }
     if (!canRun) return false;
     // The older layout is the format check's matter: it has a message of its own.
     const QString wrong = station.files.examine(DataFile::TAJKapu);
     if (!wrong.isEmpty() && logHasTaj(station) != std::optional(false))
-        station.dialogue.tell(wrong, QStringLiteral("Hiba"));
+        station.dialogue.tell(wrong, u"Hiba"_s);
     return true;
 }
 
 bool VerzioEllenorzesek(Workstation& station) {
     if (logHasTaj(station) != std::optional(false)) return true;
     station.dialogue.tell(
-        QStringLiteral("Az Ön adatbázis formátuma a 2.21-es verziónak nem felel meg, ezért konvertálásra van "
-                       "szükség, mely kevesebb, mint 1 perc alatt lezajlik.\n"
-                       "A konvertálás megkezdéséhez a Szerviz tevékenységek->Konvertálás->Vandrel 2.21-re "
-                       "menüpontot kell elindítani!"),
+        u"Az Ön adatbázis formátuma a 2.21-es verziónak nem felel meg, ezért konvertálásra van "
+        "szükség, mely kevesebb, mint 1 perc alatt lezajlik.\n"
+        "A konvertálás megkezdéséhez a Szerviz tevékenységek->Konvertálás->Vandrel 2.21-re "
+        "menüpontot kell elindítani!"_s,
         programTitle, Icon::warning);
     return false;
 }
@@ -80,13 +82,11 @@ void clearAttunes(Workstation& station) {
 InstitutionAnswer checkInstitution(Workstation& station, QStringList& warnings) {
     if (hasRecord(station.files[DataFile::tetdata], "select 1 from intezet"))
         return InstitutionAnswer::filled;
-    if (station.dialogue.ask(
-            QStringLiteral("Az intézeti adatok nincsenek kitöltve!Kívánja most kitölteni?"))) {
-        warnings << QStringLiteral("Az intézeti adatok nincsenek kitöltve!");
+    if (station.dialogue.ask(u"Az intézeti adatok nincsenek kitöltve!Kívánja most kitölteni?"_s)) {
+        warnings << u"Az intézeti adatok nincsenek kitöltve!"_s;
         return InstitutionAnswer::fillNow;
     }
-    warnings << QStringLiteral(
-        "Az intézeti adatok nincsenek kitöltve! Kitöltés: Szerviz tevékenységek->Intézmény");
+    warnings << u"Az intézeti adatok nincsenek kitöltve! Kitöltés: Szerviz tevékenységek->Intézmény"_s;
     return InstitutionAnswer::fillLater;
 }
 
@@ -98,11 +98,11 @@ void checkFirstStart(Workstation& station, QStringList& warnings) {
     }
     Database& dictionaries = station.files[DataFile::tetmod];
     if (!hasRecord(dictionaries, "select 1 from Orvosok"))
-        warnings << QStringLiteral("Orvoskódok nincsenek kitöltve! Kitöltés: Szerviz "
-                                   "tevékenységek->Adatbázisok karbantartása->Orvoskódok");
+        warnings << u"Orvoskódok nincsenek kitöltve! Kitöltés: Szerviz "
+                    "tevékenységek->Adatbázisok karbantartása->Orvoskódok"_s;
     if (!hasRecord(dictionaries, "select 1 from Szakrend"))
-        warnings << QStringLiteral("Szakrendelő kódok nincsenek kitöltve! Kitöltés: Szerviz "
-                                   "tevékenységek->Adatbázisok karbantartása->Szakrendelő kódszótár");
+        warnings << u"Szakrendelő kódok nincsenek kitöltve! Kitöltés: Szerviz "
+                    "tevékenységek->Adatbázisok karbantartása->Szakrendelő kódszótár"_s;
     data.execute(
         "update Beallitasok set Elso_inditas = 0 where rowid = (select min(rowid) from Beallitasok)");
 }

@@ -16,14 +16,15 @@
 
 namespace vandrel {
 
+using namespace Qt::StringLiterals;
+
 struct PrintEngine; // the print room's; only carried here
 
 struct Workstation {
     Workstation(const QString& programFolder, Dialogue& dialogueToUse, const Clock& clockToUse,
                 Packer& packerToUse)
-        : folder(programFolder), files(programFolder),
-          setup(QDir(programFolder).filePath(QStringLiteral("setup.ini"))), dialogue(dialogueToUse),
-          clock(clockToUse), packer(packerToUse) {}
+        : folder(programFolder), files(programFolder), setup(QDir(programFolder).filePath(u"setup.ini"_s)),
+          dialogue(dialogueToUse), clock(clockToUse), packer(packerToUse) {}
 
     QString folder; // the program's folder, which is also its working folder; no closing separator
     DataFiles files;
@@ -36,8 +37,8 @@ struct Workstation {
     std::function<void()> serveEvents; // one turn of the event loop; empty without a window
 
     // Process-wide values that cross forms.
-    bool Attunes = true;                           // see-through windows
-    QString reportTarget = QStringLiteral("a:\\"); // folder of the report files, with its closing separator
+    bool Attunes = true;              // see-through windows
+    QString reportTarget = u"a:\\"_s; // folder of the report files, with its closing separator
 };
 
 } // namespace vandrel

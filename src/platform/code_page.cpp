@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <unordered_map>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace code_page {
@@ -43,7 +45,7 @@ const Table& table() {
 
 void requireCodec() {
     if (!QStringEncoder(pageName).isValid() || table().bytes.empty())
-        throw Fault(fault::fileNotFound, QStringLiteral("A windows-1250 kódlap nem érhető el ezen a gépen!"));
+        throw Fault(fault::fileNotFound, u"A windows-1250 kódlap nem érhető el ezen a gépen!"_s);
 }
 
 QByteArray fromUnicode(QStringView text) {
@@ -120,7 +122,7 @@ Fault writeFault(int errorNumber, const QString& path) {
     case fault::diskNotReady:
         return fault;
     default:
-        return {fault::deviceError, QStringLiteral("Írási hiba: %1").arg(path)};
+        return {fault::deviceError, u"Írási hiba: %1"_s.arg(path)};
     }
 }
 
@@ -143,8 +145,7 @@ void CodePageFile::writeLine(QStringView text) {
 }
 
 void CodePageFile::writeBytes(std::string_view bytes) {
-    if (m_file == nullptr)
-        throw Fault(fault::badFile, QStringLiteral("Az állomány nincs megnyitva: %1").arg(m_path));
+    if (m_file == nullptr) throw Fault(fault::badFile, u"Az állomány nincs megnyitva: %1"_s.arg(m_path));
     errno = 0;
     if (std::fwrite(bytes.data(), 1, bytes.size(), m_file) != bytes.size()) throw writeFault(errno, m_path);
 }
@@ -176,7 +177,7 @@ void copyFileOver(const QString& from, const QString& to) {
         const QByteArray part = source.read(1 << 16);
         if (part.isEmpty()) {
             if (source.error() != QFileDevice::NoError)
-                throw Fault(fault::deviceError, QStringLiteral("Olvasási hiba: %1").arg(from));
+                throw Fault(fault::deviceError, u"Olvasási hiba: %1"_s.arg(from));
             break;
         }
         target.writeBytes({part.constData(), static_cast<std::size_t>(part.size())});

@@ -5,6 +5,8 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -135,7 +137,7 @@ double Query::number(int column) const {
 
 Database::Database(const QString& path) : m_path(path) {
     if (!QFileInfo(path).isFile())
-        throw Fault(fault::dataFileMissing, QStringLiteral("Nem található a %1 állomány!").arg(fileName()));
+        throw Fault(fault::dataFileMissing, u"Nem található a %1 állomány!"_s.arg(fileName()));
     prepareEngine();
     int result =
         sqlite3_open_v2(path.toUtf8().constData(), &m_handle, SQLITE_OPEN_READWRITE | oneThread, nullptr);
@@ -157,7 +159,7 @@ Database Database::create(const QString& path) {
     Database result;
     result.m_path = path;
     if (QFileInfo::exists(path))
-        throw Fault(fault::pathAccess, QStringLiteral("Már van ilyen állomány: %1").arg(result.fileName()));
+        throw Fault(fault::pathAccess, u"Már van ilyen állomány: %1"_s.arg(result.fileName()));
     prepareEngine();
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &result.m_handle,
                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | oneThread, nullptr);
@@ -237,48 +239,47 @@ bool Database::hasTable(const QString& table) {
 
 QString Database::quickCheck() {
     Query check = query("pragma quick_check(1)");
-    return check.next() ? check.text(0) : QStringLiteral("ok");
+    return check.next() ? check.text(0) : u"ok"_s;
 }
 
 void Database::raise(int result) const {
     const QString engine = m_handle != nullptr ? QString::fromUtf8(sqlite3_errmsg(m_handle)) : QString();
     const auto raiseAs = [&](int number, const QString& text) {
-        throw Fault(number, QStringLiteral("%1: %2 (%3)").arg(fileName(), text, engine));
+        throw Fault(number, u"%1: %2 (%3)"_s.arg(fileName(), text, engine));
     };
     switch (result & 0xff) {
     case SQLITE_FULL:
-        raiseAs(fault::dataFileFull, QStringLiteral("a lemez megtelt"));
+        raiseAs(fault::dataFileFull, u"a lemez megtelt"_s);
         break;
     case SQLITE_READONLY:
     case SQLITE_PERM:
     case SQLITE_AUTH:
-        raiseAs(fault::dataFileReadOnly, QStringLiteral("az adatállomány nem írható"));
+        raiseAs(fault::dataFileReadOnly, u"az adatállomány nem írható"_s);
         break;
     case SQLITE_CANTOPEN:
         // The journal beside the file could not be made, or the file itself not be opened.
-        raiseAs(fault::dataFileReadOnly, QStringLiteral("az adatállomány nem nyitható meg írásra"));
+        raiseAs(fault::dataFileReadOnly, u"az adatállomány nem nyitható meg írásra"_s);
         break;
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        raiseAs(fault::dataFileInUse, QStringLiteral("az adatállományt más program használja"));
+        raiseAs(fault::dataFileInUse, u"az adatállományt más program használja"_s);
         break;
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-        raiseAs(fault::dataFileDamaged, QStringLiteral("az adatállomány sérült"));
+        raiseAs(fault::dataFileDamaged, u"az adatállomány sérült"_s);
         break;
     case SQLITE_CONSTRAINT:
     case SQLITE_MISMATCH:
     case SQLITE_TOOBIG:
-        raiseAs(fault::dataConversion, QStringLiteral("az adat nem tárolható"));
+        raiseAs(fault::dataConversion, u"az adat nem tárolható"_s);
         break;
     default:
         break;
     }
-    if (engine.contains(QLatin1String("no such table")))
-        raiseAs(fault::tableMissing, QStringLiteral("hiányzó tábla"));
-    if (engine.contains(QLatin1String("no such column")) || engine.contains(QLatin1String("has no column")))
-        raiseAs(fault::columnMissing, QStringLiteral("hiányzó oszlop"));
-    raiseAs(fault::storage, QStringLiteral("adatbázishiba"));
+    if (engine.contains("no such table"_L1)) raiseAs(fault::tableMissing, u"hiányzó tábla"_s);
+    if (engine.contains("no such column"_L1) || engine.contains("has no column"_L1))
+        raiseAs(fault::columnMissing, u"hiányzó oszlop"_s);
+    raiseAs(fault::storage, u"adatbázishiba"_s);
     Q_UNREACHABLE();
 }
 

@@ -6,6 +6,8 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 Fault fileFault(int errorNumber, const QString& path) {
@@ -13,32 +15,32 @@ Fault fileFault(int errorNumber, const QString& path) {
     switch (errorNumber) {
     case ENOENT:
         if (!QFileInfo(QFileInfo(path).absolutePath()).isDir())
-            return {fault::pathNotFound, QStringLiteral("Az útvonal nem található: %1").arg(name)};
-        return {fault::fileNotFound, QStringLiteral("Az állomány nem található: %1").arg(name)};
+            return {fault::pathNotFound, u"Az útvonal nem található: %1"_s.arg(name)};
+        return {fault::fileNotFound, u"Az állomány nem található: %1"_s.arg(name)};
     case ENOTDIR:
     case ENAMETOOLONG:
     case EINVAL:
     case ELOOP:
-        return {fault::pathNotFound, QStringLiteral("Az útvonal nem található: %1").arg(name)};
+        return {fault::pathNotFound, u"Az útvonal nem található: %1"_s.arg(name)};
     case EACCES:
     case EPERM:
     case EROFS:
     case EISDIR:
-        return {fault::pathAccess, QStringLiteral("Az állomány nem írható: %1").arg(name)};
+        return {fault::pathAccess, u"Az állomány nem írható: %1"_s.arg(name)};
     case ENOSPC:
     case EDQUOT:
     case EFBIG:
-        return {fault::diskFull, QStringLiteral("A lemez megtelt: %1").arg(name)};
+        return {fault::diskFull, u"A lemez megtelt: %1"_s.arg(name)};
     case EBUSY:
     case ETXTBSY:
     case EAGAIN:
-        return {fault::permissionDenied, QStringLiteral("Az állományt más program használja: %1").arg(name)};
+        return {fault::permissionDenied, u"Az állományt más program használja: %1"_s.arg(name)};
     case ENXIO:
     case ENODEV:
     case ENOMEDIUM:
-        return {fault::diskNotReady, QStringLiteral("A meghajtó nem áll készen: %1").arg(name)};
+        return {fault::diskNotReady, u"A meghajtó nem áll készen: %1"_s.arg(name)};
     default:
-        return {fault::deviceError, QStringLiteral("Be- vagy kiviteli hiba: %1").arg(name)};
+        return {fault::deviceError, u"Be- vagy kiviteli hiba: %1"_s.arg(name)};
     }
 }
 

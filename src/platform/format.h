@@ -9,12 +9,14 @@
 
 namespace vandrel::format {
 
+using namespace Qt::StringLiterals;
+
 // The empty date of masked fields: the mask's literals with blanks.
-inline const QString emptyDate = QStringLiteral("    .  .  .");
+inline const QString emptyDate = u"    .  .  ."_s;
 // The empty period (year and month) of masked fields.
-inline const QString emptyPeriod = QStringLiteral("    .  ");
+inline const QString emptyPeriod = u"    .  "_s;
 // The empty time of masked fields, trimmed it is the bare colon.
-inline const QString emptyTime = QStringLiteral("  :  ");
+inline const QString emptyTime = u"  :  "_s;
 
 // éééé.hh.nn. ("2008.03.12."), 11 characters; an invalid date gives an empty text.
 QString shortDate(QDate date);

@@ -10,6 +10,8 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -20,9 +22,9 @@ QStringList readLines(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return {};
     const QString text = code_page::toUnicode(file.readAll());
-    QStringList lines = text.split(QLatin1Char('\n'));
+    QStringList lines = text.split('\n'_L1);
     for (QString& line : lines)
-        if (line.endsWith(QLatin1Char('\r'))) line.chop(1);
+        if (line.endsWith('\r'_L1)) line.chop(1);
     if (!lines.isEmpty() && lines.last().isEmpty()) lines.removeLast();
     return lines;
 }
@@ -40,12 +42,12 @@ void writeLines(const QString& path, const QStringList& lines) {
 
 bool isSection(const QString& line, const QString& section) {
     const QString trimmed = line.trimmed();
-    return trimmed.startsWith(QLatin1Char('[')) && trimmed.endsWith(QLatin1Char(']')) &&
+    return trimmed.startsWith('['_L1) && trimmed.endsWith(']'_L1) &&
            trimmed.mid(1, trimmed.size() - 2).trimmed().compare(section, Qt::CaseInsensitive) == 0;
 }
 
 bool isAnySection(const QString& line) {
-    return line.trimmed().startsWith(QLatin1Char('['));
+    return line.trimmed().startsWith('['_L1);
 }
 
 // Where a section's lines stand: [first, last) without its own head line; first < 0 when it is not there.
@@ -69,16 +71,16 @@ Range findSection(const QStringList& lines, const QString& section) {
 }
 
 bool isKey(const QString& line, const QString& key) {
-    const qsizetype sign = line.indexOf(QLatin1Char('='));
-    return sign >= 0 && !line.trimmed().startsWith(QLatin1Char(';')) &&
+    const qsizetype sign = line.indexOf('='_L1);
+    return sign >= 0 && !line.trimmed().startsWith(';'_L1) &&
            line.left(sign).trimmed().compare(key, Qt::CaseInsensitive) == 0;
 }
 
 // A line end inside a value would forge another key.
 QString assignment(const QString& key, const QString& value) {
     QString oneLine = value;
-    oneLine.replace(QLatin1Char('\r'), QLatin1Char(' ')).replace(QLatin1Char('\n'), QLatin1Char(' '));
-    return key + QLatin1Char('=') + oneLine;
+    oneLine.replace('\r'_L1, ' '_L1).replace('\n'_L1, ' '_L1);
+    return key + '='_L1 + oneLine;
 }
 
 } // namespace
@@ -89,8 +91,8 @@ QString IniFile::value(const QString& section, const QString& key) const {
     if (range.first < 0) return {};
     for (qsizetype i = range.first; i < range.last; ++i) {
         if (!isKey(lines[i], key)) continue;
-        QString value = lines[i].mid(lines[i].indexOf(QLatin1Char('=')) + 1).trimmed();
-        if (value.size() >= 2 && (value.front() == QLatin1Char('"') || value.front() == QLatin1Char('\'')) &&
+        QString value = lines[i].mid(lines[i].indexOf('='_L1) + 1).trimmed();
+        if (value.size() >= 2 && (value.front() == '"'_L1 || value.front() == '\''_L1) &&
             value.back() == value.front())
             value = value.mid(1, value.size() - 2);
         return value.left(bufferCharacters);
@@ -102,7 +104,7 @@ void IniFile::setValue(const QString& section, const QString& key, const QString
     QStringList lines = readLines(m_path);
     const Range range = findSection(lines, section);
     if (range.first < 0) {
-        lines << QLatin1Char('[') + section + QLatin1Char(']') << assignment(key, value);
+        lines << '['_L1 + section + ']'_L1 << assignment(key, value);
         writeLines(m_path, lines);
         return;
     }
@@ -125,7 +127,7 @@ void IniFile::setSection(const QString& section,
     const Range range = findSection(lines, section);
     qsizetype place = range.first;
     if (place < 0) {
-        lines << QLatin1Char('[') + section + QLatin1Char(']');
+        lines << '['_L1 + section + ']'_L1;
         place = lines.size();
     } else {
         lines.erase(lines.begin() + range.first, lines.begin() + range.last);

@@ -3,13 +3,15 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
 constexpr int patienceMilliseconds = 60'000; // a month packs in well under a second
 }
 
-ArjPacker::ArjPacker() : ArjPacker(QStandardPaths::findExecutable(QStringLiteral("arj"))) {}
+ArjPacker::ArjPacker() : ArjPacker(QStandardPaths::findExecutable(u"arj"_s)) {}
 
 ArjPacker::ArjPacker(const QString& program) : m_program(program) {}
 
@@ -25,8 +27,7 @@ void ArjPacker::start(const QString& folder, const QString& archivePath, const Q
     m_process->setStandardOutputFile(QProcess::nullDevice());
     m_process->setStandardErrorFile(QProcess::nullDevice());
     // A bare file name in the working folder is stored as a bare name in the archive.
-    m_process->start(
-        m_program, {QStringLiteral("a"), QStringLiteral("-i"), QStringLiteral("-y"), archivePath, fileName});
+    m_process->start(m_program, {u"a"_s, u"-i"_s, u"-y"_s, archivePath, fileName});
 }
 
 bool ArjPacker::waitForFinished() {

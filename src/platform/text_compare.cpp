@@ -1,5 +1,7 @@
 #include "platform/text_compare.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 QString foldCase(QStringView text) {
@@ -28,12 +30,12 @@ bool TextPattern::matchesFolded(QStringView text) const {
     qsizetype resume = 0;
     const QStringView pattern = m_folded;
     while (t < text.size()) {
-        if (p < pattern.size() && pattern[p] == QLatin1Char('*')) {
+        if (p < pattern.size() && pattern[p] == '*'_L1) {
             star = p++;
             resume = t;
         } else if (p < pattern.size() &&
-                   (pattern[p] == QLatin1Char('?') || (pattern[p] == QLatin1Char('#') && text[t].isDigit()) ||
-                    (pattern[p] != QLatin1Char('#') && pattern[p] == text[t]))) {
+                   (pattern[p] == '?'_L1 || (pattern[p] == '#'_L1 && text[t].isDigit()) ||
+                    (pattern[p] != '#'_L1 && pattern[p] == text[t]))) {
             ++p;
             ++t;
         } else if (star >= 0) {
@@ -43,7 +45,7 @@ bool TextPattern::matchesFolded(QStringView text) const {
             return false;
         }
     }
-    while (p < pattern.size() && pattern[p] == QLatin1Char('*'))
+    while (p < pattern.size() && pattern[p] == '*'_L1)
         ++p;
     return p == pattern.size();
 }

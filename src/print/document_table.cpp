@@ -1,12 +1,14 @@
 #include "print/document_table.h"
 
+#include "platform/atomic_file.h"
 #include "platform/code_page.h"
-#include "platform/whole_file.h"
 
 #include <QStringEncoder>
 
 #include <string>
 #include <string_view>
+
+using namespace Qt::StringLiterals;
 
 namespace vandrel {
 
@@ -44,7 +46,7 @@ QString quoted(const QString& cell) {
         plain = plain && character != u';' && character != u'"' && character != u'\r' && character != u'\n';
     if (plain) return cell;
     QString doubled = cell;
-    return u'"' + doubled.replace(u'"', QLatin1String("\"\"")) + u'"';
+    return u'"' + doubled.replace(u'"', "\"\""_L1) + u'"';
 }
 
 } // namespace
@@ -99,7 +101,7 @@ qint64 DocumentTable::unencodable(Encoding encoding) const {
 }
 
 void DocumentTable::save(const QString& path, Encoding encoding) const {
-    WholeFile file(path);
+    AtomicFile file(path);
     if (encoding == Encoding::utf8) file.write(byteOrderMark);
     std::string bytes;
     eachBlock([&](const QByteArray& block) {

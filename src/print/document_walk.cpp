@@ -106,7 +106,7 @@ bool DocumentWalk::drawFlow(const qcPrinter::PageStart& start) {
 }
 
 DocumentWalk::Frame DocumentWalk::flowFrame(const qcTextItem& item) const {
-    const ItemStyle& style = *item.m_style;
+    const TextStyle& style = *item.m_style;
     const double end = m_y + item.m_height;
     return {style.indentLeft + m_engine.marginLeft,
             m_engine.paper.width - style.indentRight - m_engine.marginRight, m_y,
@@ -132,7 +132,7 @@ void DocumentWalk::drawBands(qcPrinter::Band band) {
 void DocumentWalk::drawAbsolutes() {
     for (const int index : m_document.m_starts.absolutes) {
         const qcTextItem& item = *(m_document.m_items.begin() + index);
-        const ItemStyle& style = *item.m_style;
+        const TextStyle& style = *item.m_style;
         if (style.absPage != m_page && style.absPage != -1) continue;
         const double top = style.top + m_engine.marginTop + style.formOffset;
         const double bottom = top + (style.maxHeight > 0 ? style.maxHeight : item.m_height);
@@ -150,7 +150,7 @@ bool DocumentWalk::overflows(double height, const Frame& frame) const {
 
 int DocumentWalk::DrawItem(const qcTextItem& item, int resumePos, const Frame& frame, bool drawing,
                            bool turned) {
-    const ItemStyle& style = *item.m_style;
+    const TextStyle& style = *item.m_style;
     m_y = frame.top;
     if (resumePos == 0 && !style.absolute) m_y += style.top;
     if (drawing && style.showBorder) drawBox(style, frame);
@@ -202,7 +202,7 @@ int DocumentWalk::passItem(const qcTextItem& item, int resumePos, const Frame& f
     return 0;
 }
 
-void DocumentWalk::drawBox(const ItemStyle& style, const Frame& frame) {
+void DocumentWalk::drawBox(const TextStyle& style, const Frame& frame) {
     const double outline = std::max(style.borderLine, 0) * m_engine.printer.twipsPerPixelY();
     if (style.borderShading == -1 && outline == 0) return;
     m_target().box(frame.left, frame.top - boxGap, frame.right, frame.bottom + boxGap, style.borderShading,
@@ -234,7 +234,7 @@ Stretch stretchOf(std::u16string_view visible, double excess, double blankWidth)
 } // namespace
 
 void DocumentWalk::drawSegment(const qcTextItem& item, const Segment& segment, const Frame& frame) {
-    const ItemStyle& style = *item.m_style;
+    const TextStyle& style = *item.m_style;
     // No tag reaches beyond its segment, so nothing behind it is searched for the end of one.
     const std::u16string_view text(m_text.data(), segment.stop);
     TagState pen(style, m_engine.meter, m_engine.printer.size());

@@ -40,7 +40,7 @@ class DocumentWalk {
     int DrawItem(const qcTextItem& item, int resumePos, const Frame& frame, bool drawing, bool turned);
     int passItem(const qcTextItem& item, int resumePos, const Frame& frame, bool turned);
     void drawSegment(const qcTextItem& item, const Segment& segment, const Frame& frame);
-    void drawBox(const ItemStyle& style, const Frame& frame);
+    void drawBox(const TextStyle& style, const Frame& frame);
     bool overflows(double height, const Frame& frame) const;
 
     qcPrinter& m_document;

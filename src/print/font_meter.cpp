@@ -10,12 +10,14 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
 
-const QString serif = QStringLiteral("Liberation Serif");
-const QString sans = QStringLiteral("Liberation Sans");
+const QString serif = u"Liberation Serif"_s;
+const QString sans = u"Liberation Sans"_s;
 
 struct Substitution {
     const char* name;
@@ -28,9 +30,9 @@ const std::vector<Substitution>& substitutions() {
         {"Times New Roman CE", serif},
         {"Arial", sans},
         {"Arial CE", sans},
-        {"Courier New", QStringLiteral("Liberation Mono")},
-        {"Courier New CE", QStringLiteral("Liberation Mono")},
-        {"Wingdings", QStringLiteral("DejaVu Sans")}, // for its check marks
+        {"Courier New", u"Liberation Mono"_s},
+        {"Courier New CE", u"Liberation Mono"_s},
+        {"Wingdings", u"DejaVu Sans"_s}, // for its check marks
     };
     return all;
 }
@@ -57,7 +59,7 @@ class FontFace : public Face {
 QString pageFamily(const QString& name) {
     const QString wanted = name.trimmed();
     for (const Substitution& known : substitutions())
-        if (wanted.compare(QLatin1String(known.name), Qt::CaseInsensitive) == 0) return known.family;
+        if (wanted.compare(QLatin1StringView(known.name), Qt::CaseInsensitive) == 0) return known.family;
     return QFontDatabase::hasFamily(wanted) ? wanted : sans;
 }
 
@@ -67,8 +69,8 @@ void requirePageFonts() {
         if (QFontInfo(QFont(family)).family() != family) missing << family;
     if (!missing.isEmpty())
         throw Fault(fault::fileNotFound,
-                    QStringLiteral("A nyomtatáshoz szükséges betűkészlet nincs telepítve ezen a gépen: %1.")
-                        .arg(missing.join(QStringLiteral(", "))));
+                    u"A nyomtatáshoz szükséges betűkészlet nincs telepítve ezen a gépen: %1."_s.arg(
+                        missing.join(u", "_s)));
 }
 
 DecodedCharacter characterAt(QStringView text, qsizetype at) {

@@ -3,18 +3,20 @@
 #include "platform/fault.h"
 #include "print/qc_printer.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
 
 QString keyOf(const PrintableControl& control) {
-    return control.kind == ControlKind::optionButton ? QStringLiteral("Opt:") + control.name : control.name;
+    return control.kind == ControlKind::optionButton ? u"Opt:"_s + control.name : control.name;
 }
 
 QString textOf(const PrintableControl& control) {
     if (control.kind != ControlKind::checkBox) return control.text;
-    const QString mark = control.checked ? QStringLiteral("\u2713") : QStringLiteral("  ");
-    return QStringLiteral("<FONT=wingdings>") + mark + QStringLiteral("</FONT> ") + control.text;
+    const QString mark = control.checked ? u"\u2713"_s : u"  "_s;
+    return u"<FONT=wingdings>"_s + mark + u"</FONT> "_s + control.text;
 }
 
 } // namespace
@@ -25,7 +27,7 @@ void qcPrinter::FormPrint(const PrintableForm& form, long alignment) {
     for (const PrintableControl& control : form.controls) {
         qcTextItem& item = m_items.Add(qcTextItem(m_engine), keyOf(control));
         item.setText(textOf(control));
-        ItemStyle& style = item.change(true);
+        TextStyle& style = item.change(true);
         style.fontName = control.fontName;
         style.fontSize = control.fontSize;
         style.fontBold = control.bold;
@@ -51,18 +53,16 @@ void qcPrinter::FormPrint(const PrintableForm& form, long alignment) {
 }
 
 void qcPrinter::FormPrint_Update(const PrintableForm& form) {
-    const QString source = QStringLiteral("qPrinter");
+    const QString source = u"qPrinter"_s;
     if (!m_form)
-        throw Fault(
-            fault::formNotPrinted,
-            QStringLiteral("FormPrint_Update cannot be called.  The document has not be initialised with "
-                           "FormPrint."),
-            source);
+        throw Fault(fault::formNotPrinted,
+                    u"FormPrint_Update cannot be called.  The document has not be initialised with "
+                    "FormPrint."_s,
+                    source);
     if (*m_form != form.name)
-        throw Fault(
-            fault::otherForm,
-            QStringLiteral("FormPrint_Update cannot be called.  The form is different to the document form."),
-            source);
+        throw Fault(fault::otherForm,
+                    u"FormPrint_Update cannot be called.  The form is different to the document form."_s,
+                    source);
     for (const PrintableControl& control : form.controls)
         m_items.Item(keyOf(control)).setText(textOf(control));
 }

@@ -4,6 +4,8 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 PdfJob::PdfJob(const QString& path, const PrintJobSetup& setup) : m_file(path), m_writer(&m_file) {
@@ -12,7 +14,7 @@ PdfJob::PdfJob(const QString& path, const PrintJobSetup& setup) : m_file(path), 
     m_writer.setPageLayout(QPageLayout(pageSize(setup.width, setup.height), QPageLayout::Portrait,
                                        QMarginsF(0, 0, 0, 0), QPageLayout::Point, QMarginsF(0, 0, 0, 0)));
     m_writer.setTitle(setup.title);
-    m_writer.setCreator(QStringLiteral("Vandrel Járóbeteg program"));
+    m_writer.setCreator(u"Vandrel Járóbeteg program"_s);
     if (!begin(m_writer)) throw refused();
 }
 

@@ -1,7 +1,7 @@
 // A document on its way into a PDF file: the whole file or nothing, text that can be searched and copied.
 #pragma once
 
-#include "platform/whole_file.h"
+#include "platform/atomic_file.h"
 #include "print/paged_job.h"
 
 #include <QPdfWriter>
@@ -20,7 +20,7 @@ class PdfJob : public PagedJob {
     void check() override { m_file.check(); }
 
   private:
-    WholeFile m_file;
+    AtomicFile m_file;
     QPdfWriter m_writer;
 };
 

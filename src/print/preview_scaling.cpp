@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::preview {
 
 namespace {
@@ -13,7 +15,7 @@ constexpr double smallestFactor = 0.001;
 }
 
 std::optional<float> readZoom(QStringView typed) {
-    static const QRegularExpression shape(QStringLiteral("^([0-9]{1,9})(?:[,.]([0-9]{1,9}))?\\s*%?$"));
+    static const QRegularExpression shape(u"^([0-9]{1,9})(?:[,.]([0-9]{1,9}))?\\s*%?$"_s);
     const QRegularExpressionMatch match = shape.match(typed.toString().trimmed());
     if (!match.hasMatch()) return std::nullopt;
     const double value = (match.captured(1) + u'.' + match.captured(2) + u'0').toDouble();
@@ -24,7 +26,7 @@ std::optional<float> readZoom(QStringView typed) {
 QString zoomText(float zoom) {
     // The digits of the single, not those of the double that stands behind it.
     const double shown = QString::number(double{zoom}, 'g', 7).toDouble();
-    return format::number(shown) + QStringLiteral(" %");
+    return format::number(shown) + u" %"_s;
 }
 
 Scaling scale(const PaperSize& picture, const PaperSize& area, const PaperSize& bar, float zoom) {

@@ -5,10 +5,12 @@
 
 namespace vandrel {
 
+using namespace Qt::StringLiterals;
+
 inline QString printFaultText(const Fault& fault) {
     if (fault.number() == fault::noPrinter)
-        return QStringLiteral("Nincs telepítve nyomtató, Ambuláns adatlap nem nyomtatható ki!");
-    return QStringLiteral("Hiba lépett fel a nyomtatás során! %1\n%2").arg(fault.number()).arg(fault.text());
+        return u"Nincs telepítve nyomtató, Ambuláns adatlap nem nyomtatható ki!"_s;
+    return u"Hiba lépett fel a nyomtatás során! %1\n%2"_s.arg(fault.number()).arg(fault.text());
 }
 
 } // namespace vandrel

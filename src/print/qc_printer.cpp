@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -26,8 +28,7 @@ class Busy {
 
 void checkSlot(int slot) {
     if (slot < 0 || slot >= qcPrinter::slotCount)
-        throw Fault(fault::subscript,
-                    QStringLiteral("A fejléceknek és lábléceknek nincs %1. helye!").arg(slot));
+        throw Fault(fault::subscript, u"A fejléceknek és lábléceknek nincs %1. helye!"_s.arg(slot));
 }
 
 constexpr std::array<Axis, 4> marginAxes{Axis::horizontal, Axis::horizontal, Axis::vertical, Axis::vertical};
@@ -47,11 +48,11 @@ void qcPrinter::makeSlots() {
     for (const char* name : {"Head", "Foot"}) {
         for (int slot = 0; slot < slotCount; ++slot) {
             qcTextItem item(m_engine);
-            item.setFontName(QStringLiteral("Arial"));
+            item.setFontName(u"Arial"_s);
             item.setFontSize(10);
             item.setUseParsedText(true);
             item.setScaleMode(m_scaleMode);
-            m_slotItems.Add(std::move(item), QLatin1String(name) + QString::number(slot));
+            m_slotItems.Add(std::move(item), QLatin1StringView(name) + QString::number(slot));
         }
     }
 }
@@ -184,9 +185,9 @@ void qcPrinter::setSetFooter(int slot, bool inUse) {
 void qcPrinter::copySlot(Band band, int from, int to) {
     const qcTextItem source = slotItem(band, from);
     qcTextItem& target = slotItem(band, to);
-    const ItemStyle& style = *source.m_style;
+    const TextStyle& style = *source.m_style;
     target.m_text = source.m_text;
-    ItemStyle& copy = target.change(true); // these and no others
+    TextStyle& copy = target.change(true); // these and no others
     copy.fontUnderline = style.fontUnderline;
     copy.fontItalic = style.fontItalic;
     copy.fontBold = style.fontBold;
@@ -217,7 +218,7 @@ void qcPrinter::AddText(const QString& text, const TextLook& look, const QString
         m_lastLook = look;
         m_lastGeometry = geometry;
         qcTextItem item(m_engine);
-        ItemStyle& style = item.change(true);
+        TextStyle& style = item.change(true);
         style.fontName = look.fontName;
         style.fontSize = look.fontSize;
         style.fontBold = look.bold;
@@ -313,7 +314,7 @@ void qcPrinter::paginate() {
     for (qcTextItem& item : m_items) {
         ++index;
         item.GetSize();
-        const ItemStyle& style = *item.m_style.constData();
+        const TextStyle& style = *item.m_style.constData();
         if (style.absolute) {
             highestAbsPage = std::max(highestAbsPage, style.absPage);
             continue;

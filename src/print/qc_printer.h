@@ -179,7 +179,7 @@ class qcPrinter {
     // Of the last AddText: most paragraphs look like the one before.
     TextLook m_lastLook;
     unsigned m_lastGeometry = 0;
-    QSharedDataPointer<ItemStyle> m_lastStyle; // null: there is none in this ScaleMode
+    QSharedDataPointer<TextStyle> m_lastStyle; // null: there is none in this ScaleMode
 };
 
 } // namespace vandrel

@@ -2,14 +2,15 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 QString suggestedFileName(const QString& title, const QString& ending) {
     constexpr qsizetype longest = 100; // letters; no more than 255 bytes on any disk
     QString name;
     for (const QChar letter : title.simplified().left(longest)) {
-        const bool refused =
-            !letter.isPrint() || letter.isSurrogate() || QStringLiteral("/\\:*?\"<>|").contains(letter);
+        const bool refused = !letter.isPrint() || letter.isSurrogate() || u"/\\:*?\"<>|"_s.contains(letter);
         name += refused ? QChar(u'_') : letter;
     }
     while (name.size() > longest / 2 && name.toUtf8().size() > 200)
@@ -20,7 +21,7 @@ QString suggestedFileName(const QString& title, const QString& ending) {
     while (name.startsWith(u'.'))
         name.remove(0, 1);
     const bool named = std::any_of(name.cbegin(), name.cend(), [](QChar c) { return c.isLetterOrNumber(); });
-    if (!named) name = QStringLiteral("dokumentum");
+    if (!named) name = u"dokumentum"_s;
     return name + u'.' + ending;
 }
 

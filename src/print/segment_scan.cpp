@@ -6,13 +6,15 @@
 #include <cmath>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
 
 // Both without regard to case; name: in capitals. The names of tags are plain letters, which need no look
 // into Qt's tables; a list has a dozen of them on every line.
-bool begins(QStringView body, QLatin1String name) {
+bool begins(QStringView body, QLatin1StringView name) {
     if (body.size() < name.size()) return false;
     for (qsizetype at = 0; at < name.size(); ++at) {
         char16_t unit = body[at].unicode();
@@ -22,7 +24,7 @@ bool begins(QStringView body, QLatin1String name) {
     }
     return true;
 }
-bool same(QStringView body, QLatin1String name) {
+bool same(QStringView body, QLatin1StringView name) {
     return body.size() == name.size() && begins(body, name);
 }
 
@@ -66,7 +68,7 @@ double leadingNumber(QStringView text) {
     return read.ec == std::errc{} && std::isfinite(number) ? number : 0;
 }
 
-TagState::TagState(const ItemStyle& style, TextMeter& meter, const PaperSize& paper)
+TagState::TagState(const TextStyle& style, TextMeter& meter, const PaperSize& paper)
     : font{&meter.face({style.fontName, style.fontSize, style.fontBold, style.fontItalic}),
            style.fontUnderline, style.fontColor},
       alignment(style.alignment), m_style(style), m_meter(meter), m_paper(paper) {}
@@ -82,60 +84,60 @@ TagState::Effect TagState::read(std::u16string_view text, std::size_t at, std::s
 
 TagState::Effect TagState::apply(QStringView body) {
     if (body.size() < 3 || body[0] == u'/') return applyShort(body);
-    if (begins(body, QLatin1String("LINDENT=")) || begins(body, QLatin1String("RINDENT="))) {
+    if (begins(body, "LINDENT="_L1) || begins(body, "RINDENT="_L1)) {
         const bool left = body[0] == u'L' || body[0] == u'l';
         (left ? tagLeft : tagRight) = toTwips(indentOf(body), m_style.scaleMode, Axis::horizontal, m_paper);
         return Effect::forced;
     }
-    if (begins(body, QLatin1String("FORCE"))) return Effect::forced;
-    if (begins(body, QLatin1String("FONT="))) {
+    if (begins(body, "FORCE"_L1)) return Effect::forced;
+    if (begins(body, "FONT="_L1)) {
         FontChoice choice = font.face->choice();
         choice.name = tagValue(body);
         setFace(choice);
-    } else if (begins(body, QLatin1String("COLOR="))) {
+    } else if (begins(body, "COLOR="_L1)) {
         font.color = colourOf(tagValue(body));
-    } else if (begins(body, QLatin1String("SIZE="))) {
+    } else if (begins(body, "SIZE="_L1)) {
         FontChoice choice = font.face->choice();
         choice.size = static_cast<float>(std::clamp(leadingNumber(tagValue(body)), -1e6, 1e6));
         setFace(choice);
-    } else if (begins(body, QLatin1String("ALIGN="))) {
+    } else if (begins(body, "ALIGN="_L1)) {
         const QString word = tagValue(body).toUpper();
-        if (word == QLatin1String("LEFT"))
+        if (word == "LEFT"_L1)
             alignment = item_alignment::left;
-        else if (word == QLatin1String("RIGHT"))
+        else if (word == "RIGHT"_L1)
             alignment = item_alignment::right;
-        else if (word == QLatin1String("CENTRE") || word == QLatin1String("CENTER"))
+        else if (word == "CENTRE"_L1 || word == "CENTER"_L1)
             alignment = item_alignment::centre;
-        else if (word == QLatin1String("JUSTIFY"))
+        else if (word == "JUSTIFY"_L1)
             alignment = item_alignment::justify;
     }
     return Effect::applied; // an unknown tag vanishes without trace
 }
 
 TagState::Effect TagState::applyShort(QStringView body) {
-    if (same(body, QLatin1String("/LINDENT"))) {
+    if (same(body, "/LINDENT"_L1)) {
         tagLeft = 0;
         return Effect::closed;
     }
-    if (same(body, QLatin1String("/RINDENT"))) {
+    if (same(body, "/RINDENT"_L1)) {
         tagRight = 0;
         return Effect::closed;
     }
     FontChoice choice = font.face->choice();
-    if (same(body, QLatin1String("B")) || same(body, QLatin1String("/B"))) {
+    if (same(body, "B"_L1) || same(body, "/B"_L1)) {
         choice.bold = body[0] != u'/';
-    } else if (same(body, QLatin1String("I")) || same(body, QLatin1String("/I"))) {
+    } else if (same(body, "I"_L1) || same(body, "/I"_L1)) {
         choice.italic = body[0] != u'/';
-    } else if (same(body, QLatin1String("/FONT"))) {
+    } else if (same(body, "/FONT"_L1)) {
         choice.name = m_style.fontName;
-    } else if (same(body, QLatin1String("/SIZE"))) {
+    } else if (same(body, "/SIZE"_L1)) {
         choice.size = m_style.fontSize;
     } else {
-        if (same(body, QLatin1String("U")) || same(body, QLatin1String("/U")))
+        if (same(body, "U"_L1) || same(body, "/U"_L1))
             font.underline = body[0] != u'/';
-        else if (same(body, QLatin1String("/COLOR")))
+        else if (same(body, "/COLOR"_L1))
             font.color = m_style.fontColor;
-        else if (same(body, QLatin1String("/ALIGN")))
+        else if (same(body, "/ALIGN"_L1))
             alignment = m_style.alignment;
         else
             return Effect::none;
@@ -145,7 +147,7 @@ TagState::Effect TagState::applyShort(QStringView body) {
     return Effect::applied;
 }
 
-SegmentScan::SegmentScan(std::u16string_view text, const ItemStyle& style, PrintEngine& engine,
+SegmentScan::SegmentScan(std::u16string_view text, const TextStyle& style, PrintEngine& engine,
                          Purpose purpose, double fullWidth)
     : m_text(text), m_purpose(purpose), m_fullWidth(fullWidth),
       m_state(style, engine.meter, engine.printer.size()), m_room(fullWidth), m_drawingRoom(fullWidth) {}

@@ -19,7 +19,7 @@ struct FontNow {
 // back.
 class TagState {
   public:
-    TagState(const ItemStyle& style, TextMeter& meter, const PaperSize& paper);
+    TagState(const TextStyle& style, TextMeter& meter, const PaperSize& paper);
 
     enum class Effect {
         none,    // no tag: the "<" is an ordinary character
@@ -40,7 +40,7 @@ class TagState {
     Effect applyShort(QStringView body); // shorter than three letters, or an end tag
     void setFace(const FontChoice& choice) { font.face = &m_meter.face(choice); }
 
-    const ItemStyle& m_style;
+    const TextStyle& m_style;
     TextMeter& m_meter;
     PaperSize m_paper;
     std::size_t m_close = 0; // of the last search for ">"; a text of many "<" is searched once
@@ -66,7 +66,7 @@ class SegmentScan {
     enum class Purpose { measuring, drawing };
 
     // fullWidth: the room between the item's own indents, in twips.
-    SegmentScan(std::u16string_view text, const ItemStyle& style, PrintEngine& engine, Purpose purpose,
+    SegmentScan(std::u16string_view text, const TextStyle& style, PrintEngine& engine, Purpose purpose,
                 double fullWidth);
 
     // Goes on from a place in the text: every tag before it is replayed.

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cstdint>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -27,8 +29,8 @@ long parseColour(const QString& value) {
 
 } // namespace
 
-bool ItemStyle::same(const ItemStyle& other) const {
-    const auto all = [](const ItemStyle& s) {
+bool TextStyle::same(const TextStyle& other) const {
+    const auto all = [](const TextStyle& s) {
         return std::tie(s.engine, s.fontName, s.fontSize, s.fontBold, s.fontItalic, s.fontUnderline,
                         s.fontColor, s.alignment, s.indentLeft, s.indentRight, s.lineSpacing, s.maxHeight,
                         s.absolute, s.absPage, s.left, s.top, s.newPage, s.showBorder, s.borderLine,
@@ -38,12 +40,12 @@ bool ItemStyle::same(const ItemStyle& other) const {
     return all(*this) == all(other);
 }
 
-qcTextItem::qcTextItem(PrintEngine& engine) : m_style(new ItemStyle) {
+qcTextItem::qcTextItem(PrintEngine& engine) : m_style(new TextStyle) {
     m_style->engine = &engine;
 }
 
-ItemStyle& qcTextItem::change(bool dirty) {
-    ItemStyle& style = *m_style; // its own from here on
+TextStyle& qcTextItem::change(bool dirty) {
+    TextStyle& style = *m_style; // its own from here on
     if (dirty) {
         m_measured = 0;
         style.engine->raisePaging();
@@ -122,7 +124,7 @@ void qcTextItem::setAbsolute(bool absolute) {
 void qcTextItem::setAbsPage(int page) {
     // Pages are 16 bits wide; a document of that many empty pages would never be walked through.
     if (page != static_cast<std::int16_t>(page))
-        throw Fault(fault::overflow, QStringLiteral("Túl nagy oldalszám: %1").arg(page));
+        throw Fault(fault::overflow, u"Túl nagy oldalszám: %1"_s.arg(page));
     change(false).absPage = page;
 }
 float qcTextItem::Left() const {
@@ -206,13 +208,13 @@ void qcTextItem::ParseFields(int pageNumber, int pageTotal, const QString& appNa
     // Each page asks; a text without a field needs no clock.
     if (text.contains(u'#')) {
         const QDateTime now = m_style.constData()->engine->clock.now();
-        text.replace(QLatin1String("#pagenumber#"), QString::number(pageNumber))
-            .replace(QLatin1String("#pagetotal#"), QString::number(pageTotal))
-            .replace(QLatin1String("#longdate#"), format::longDate(now.date()))
-            .replace(QLatin1String("#shortdate#"), format::shortDate(now.date()))
-            .replace(QLatin1String("#longtime#"), format::longTime(now.time()))
-            .replace(QLatin1String("#shorttime#"), format::shortTime(now.time()))
-            .replace(QLatin1String("#appname#"), appName);
+        text.replace("#pagenumber#"_L1, QString::number(pageNumber))
+            .replace("#pagetotal#"_L1, QString::number(pageTotal))
+            .replace("#longdate#"_L1, format::longDate(now.date()))
+            .replace("#shortdate#"_L1, format::shortDate(now.date()))
+            .replace("#longtime#"_L1, format::longTime(now.time()))
+            .replace("#shorttime#"_L1, format::shortTime(now.time()))
+            .replace("#appname#"_L1, appName);
     }
     if (text == m_style.constData()->parsedText) return;
     m_measured = 0;
@@ -227,7 +229,7 @@ QString qcTextItem::GetTagValue(QStringView tag) {
 }
 
 void qcTextItem::GetSize() {
-    const ItemStyle& style = *m_style.constData();
+    const TextStyle& style = *m_style.constData();
     if (m_measured == style.engine->geometry()) return; // nothing has changed: the outcome would be the same
     static thread_local std::vector<char16_t> buffer;
     if (style.useParsedText) {
@@ -240,7 +242,7 @@ void qcTextItem::GetSize() {
 }
 
 void qcTextItem::measure(std::u16string_view text) {
-    const ItemStyle& style = *m_style.constData();
+    const TextStyle& style = *m_style.constData();
     PrintEngine& engine = *style.engine;
     m_measured = engine.geometry();
     const Face& base = engine.meter.face({style.fontName, style.fontSize, style.fontBold, style.fontItalic});

@@ -14,7 +14,7 @@ namespace vandrel {
 
 // Everything of an item but its text and its results. Shared between the items of a list, which differ in
 // their texts only; written to, an item gets its own.
-struct ItemStyle : QSharedData {
+struct TextStyle : QSharedData {
     PrintEngine* engine = nullptr;
     QString fontName;
     float fontSize = 0;
@@ -44,7 +44,7 @@ struct ItemStyle : QSharedData {
     float formHeight = 0;
     float formOffset = 0;
 
-    bool same(const ItemStyle& other) const;
+    bool same(const TextStyle& other) const;
 };
 
 namespace item_alignment {
@@ -160,15 +160,15 @@ class qcTextItem {
         std::vector<Line> lines;
     };
 
-    explicit qcTextItem(const QSharedDataPointer<ItemStyle>& style) : m_style(style) {}
+    explicit qcTextItem(const QSharedDataPointer<TextStyle>& style) : m_style(style) {}
     void measure(std::u16string_view text); // GetSize of the text that it takes
-    ItemStyle& change(bool dirty);          // the style, to be written to
+    TextStyle& change(bool dirty);          // the style, to be written to
     void measuredOtherwise();
     float outside(float twips, Axis axis) const;
     float inside(float length, Axis axis) const;
 
     PackedText m_text;
-    QSharedDataPointer<ItemStyle> m_style;
+    QSharedDataPointer<TextStyle> m_style;
     QSharedDataPointer<Lines> m_lines; // null with fewer than two lines
     Line m_line;                       // the only one
     float m_width = 0;                 // twips

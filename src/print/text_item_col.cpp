@@ -2,6 +2,8 @@
 
 #include "platform/fault.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -17,7 +19,7 @@ QString folded(const QString& key) {
 qcTextItem& qcTextItemCol::Add(qcTextItem item, const QString& key) {
     if (!key.isEmpty()) {
         if (m_places.contains(folded(key)))
-            throw Fault(keyTaken, QStringLiteral("A(z) \"%1\" kulcs már szerepel a gyűjteményben!").arg(key));
+            throw Fault(keyTaken, u"A(z) \"%1\" kulcs már szerepel a gyűjteményben!"_s.arg(key));
         m_places.insert(folded(key), m_items.size());
     }
     m_items.push_back(std::move(item));
@@ -27,14 +29,13 @@ qcTextItem& qcTextItemCol::Add(qcTextItem item, const QString& key) {
 std::size_t qcTextItemCol::place(const IndexOrKey& which) const {
     if (const int* index = std::get_if<int>(&which)) {
         if (*index < 1 || *index > Count())
-            throw Fault(fault::subscript, QStringLiteral("A gyűjteménynek nincs %1. eleme!").arg(*index));
+            throw Fault(fault::subscript, u"A gyűjteménynek nincs %1. eleme!"_s.arg(*index));
         return static_cast<std::size_t>(*index - 1);
     }
     const QString& key = std::get<QString>(which);
     const auto found = m_places.constFind(folded(key));
     if (found == m_places.constEnd())
-        throw Fault(fault::invalidCall,
-                    QStringLiteral("A gyűjteménynek nincs \"%1\" kulcsú eleme!").arg(key));
+        throw Fault(fault::invalidCall, u"A gyűjteménynek nincs \"%1\" kulcsú eleme!"_s.arg(key));
     return *found;
 }
 

@@ -2,6 +2,8 @@
 
 #include "platform/format.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -10,26 +12,25 @@ constexpr qsizetype nameWidth = 30;
 constexpr qsizetype ruleLength = 80;
 
 QString blanks(qsizetype count) {
-    return QString(count > 0 ? count : 0, QLatin1Char(' '));
+    return QString(count > 0 ? count : 0, ' '_L1);
 }
 
 } // namespace
 
 QStringList noteHead(const Institution& institution, QDate today, const QString& period) {
     return {
-        QStringLiteral("Készült: ") + format::shortDate(today) + blanks(40) + QStringLiteral("Lapszám: 1/1"),
-        QStringLiteral("Kísérőjegyzék"),
-        QStringLiteral("az egységes járóbeteg adatszolgáltatáshoz"),
-        QStringLiteral("Az intézet neve: ") + institution.Int_nev,
-        QStringLiteral("   azonosító kódja: ") + institution.Gyogyi_kod,
-        QStringLiteral("   finanszírozási NBK kódja: ") + institution.NBK_KOD,
-        QStringLiteral("   adóigazgatási azonosító száma: ") + institution.Adoig_szam,
-        QStringLiteral("   pénzforgalmi jelzőszáma: ") + institution.Bankszamla,
-        QStringLiteral("Elszámolási időszak: ") + period,
+        u"Készült: "_s + format::shortDate(today) + blanks(40) + u"Lapszám: 1/1"_s,
+        u"Kísérőjegyzék"_s,
+        u"az egységes járóbeteg adatszolgáltatáshoz"_s,
+        u"Az intézet neve: "_s + institution.Int_nev,
+        u"   azonosító kódja: "_s + institution.Gyogyi_kod,
+        u"   finanszírozási NBK kódja: "_s + institution.NBK_KOD,
+        u"   adóigazgatási azonosító száma: "_s + institution.Adoig_szam,
+        u"   pénzforgalmi jelzőszáma: "_s + institution.Bankszamla,
+        u"Elszámolási időszak: "_s + period,
         blanks(1),
-        QStringLiteral("Munkahely") + blanks(30) + QStringLiteral("Beküldött rekordok száma") + blanks(5) +
-            QStringLiteral("Pontszám"),
-        QString(ruleLength, QLatin1Char('_')),
+        u"Munkahely"_s + blanks(30) + u"Beküldött rekordok száma"_s + blanks(5) + u"Pontszám"_s,
+        QString(ruleLength, '_'_L1),
     };
 }
 
@@ -43,21 +44,21 @@ QStringList noteFoot(double grandTotal, qint64 procedures) {
     return {
         {},
         {},
-        blanks(29) + QStringLiteral("Összesen: ") + blanks(15) + format::thousands(grandTotal),
+        blanks(29) + u"Összesen: "_s + blanks(15) + format::thousands(grandTotal),
         {},
         {},
-        QStringLiteral("A jelentett beavatkozások száma: ") + QString::number(procedures),
+        u"A jelentett beavatkozások száma: "_s + QString::number(procedures),
         {},
         {},
-        QStringLiteral("Beküldött mágneslemezek száma: ........"),
+        u"Beküldött mágneslemezek száma: ........"_s,
         {},
         {},
-        QStringLiteral("A javítás visszavonást ....          plusz kifizetést .... eredményez."),
+        u"A javítás visszavonást ....          plusz kifizetést .... eredményez."_s,
         {},
         {},
-        QStringLiteral("      ......................             ......................"),
+        u"      ......................             ......................"_s,
         // The circumflexes are the form's own spelling.
-        QStringLiteral("  az adatszolgáltatásért felelôs              intézetvezetô"),
+        u"  az adatszolgáltatásért felelôs              intézetvezetô"_s,
     };
 }
 

@@ -17,11 +17,13 @@
 #include <array>
 #include <unordered_map>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
 
-const QString noteName = QStringLiteral("kuldo.txt");
+const QString noteName = u"kuldo.txt"_s;
 constexpr int countDigits = 7;
 constexpr std::size_t partSize = 1 << 16; // bytes handed to the file at once
 constexpr unsigned long retryPause = 10;  // milliseconds between two tries of a locked file
@@ -34,12 +36,12 @@ QString digits(const QString& text) {
 QStringList headBlock(const Institution& institution, const QString& period, qint64 records) {
     const QString& account = institution.Bankszamla;
     const QString& tax = institution.Adoig_szam; // the dashes drop out
-    const QString blank(1, QLatin1Char(' '));
+    const QString blank(1, ' '_L1);
     return {
-        institution.Szakrend_kod.left(4) + QStringLiteral("00000") + institution.NBK_KOD + blank,
+        institution.Szakrend_kod.left(4) + u"00000"_s + institution.NBK_KOD + blank,
         tax.mid(0, 8) + tax.mid(9, 1),
         tax.mid(11, 2) + blank + digits(period),
-        QString::number(records).rightJustified(countDigits, QLatin1Char('0')),
+        QString::number(records).rightJustified(countDigits, '0'_L1),
         account.mid(0, 8) + blank,
         account.mid(9, 8) + blank,
         account.mid(18, 8) + blank,
@@ -106,17 +108,16 @@ class OriginalReport {
             if (!writeReport()) return;
             writeNote();
             statement([&] {
-                makeEmptyFile(
-                    targetFile(m_station, QDir::separator() + m_institution.NBK_KOD + QStringLiteral(".id")));
+                makeEmptyFile(targetFile(m_station, QDir::separator() + m_institution.NBK_KOD + u".id"_s));
             });
-            showNote(QStringLiteral("Adatbázis tömörítése..."), false);
+            showNote(u"Adatbázis tömörítése..."_s, false);
         } catch (const Fault& fault) {
             tellFault(fault);
             return;
         }
         pack();
-        showNote(QStringLiteral("Adatbázis tömörítése kész, a jelentés elkészült!\n"
-                                "Kérem várjon, amíg a felbukkanó ablak automatikusan bezáródik!"),
+        showNote(u"Adatbázis tömörítése kész, a jelentés elkészült!\n"
+                 "Kérem várjon, amíg a felbukkanó ablak automatikusan bezáródik!"_s,
                  true);
         m_outcome.complete = true;
     }
@@ -137,14 +138,13 @@ class OriginalReport {
     void tellFault(const Fault& fault) {
         m_amb.reset(); // closed as far as it was written
         if (reactionTo(writerFaults, fault.number()) == Reaction::wrongPath)
-            m_station.dialogue.tell(QStringLiteral("A megadott útvonal hibás!"));
+            m_station.dialogue.tell(u"A megadott útvonal hibás!"_s);
         else
-            m_station.dialogue.tell(QStringLiteral("Hiba történt az adatkiírás során!") +
-                                        QString::number(fault.number()),
-                                    QStringLiteral("Hiba mentés közben"));
+            m_station.dialogue.tell(u"Hiba történt az adatkiírás során!"_s + QString::number(fault.number()),
+                                    u"Hiba mentés közben"_s);
     }
 
-    QString workingFile(const QString& name) const { return m_station.folder + QLatin1Char('/') + name; }
+    QString workingFile(const QString& name) const { return m_station.folder + '/'_L1 + name; }
 
     // False when the run ends here with a box of its own.
     bool writeReport() {
@@ -160,25 +160,22 @@ class OriginalReport {
         const std::optional<Institution> institution = readInstitution(m_station);
         if (!institution) {
             // Nothing is left behind that could be taken for this month's report.
-            QFile::remove(workingFile(QStringLiteral("tet.amb")));
-            m_station.dialogue.tell(QStringLiteral("Nincsenek kitöltve az intézeti adatok!"),
-                                    QStringLiteral("Hiba"));
+            QFile::remove(workingFile(u"tet.amb"_s));
+            m_station.dialogue.tell(u"Nincsenek kitöltve az intézeti adatok!"_s, u"Hiba"_s);
             return false;
         }
         m_institution = *institution;
         // The code is part of file names and must not lead out of their folders.
-        if (m_institution.NBK_KOD.contains(QLatin1Char('/')) ||
-            m_institution.NBK_KOD.contains(QLatin1Char('\\')))
-            throw Fault(fault::pathNotFound,
-                        QStringLiteral("Az útvonal nem található: %1").arg(m_institution.NBK_KOD));
-        m_baseName = QStringLiteral("tet") + m_institution.NBK_KOD;
-        statement([&] { m_amb->open(workingFile(m_baseName + QStringLiteral(".amb"))); });
-        if (m_amb->isOpen()) m_outcome.reportFile = workingFile(m_baseName + QStringLiteral(".amb"));
+        if (m_institution.NBK_KOD.contains('/'_L1) || m_institution.NBK_KOD.contains('\\'_L1))
+            throw Fault(fault::pathNotFound, u"Az útvonal nem található: %1"_s.arg(m_institution.NBK_KOD));
+        m_baseName = u"tet"_s + m_institution.NBK_KOD;
+        statement([&] { m_amb->open(workingFile(m_baseName + u".amb"_s)); });
+        if (m_amb->isOpen()) m_outcome.reportFile = workingFile(m_baseName + u".amb"_s);
 
         statement([&] { writeHeadBlock(records); });
         if (records == 0) {
             statement([&] { m_amb->close(); });
-            m_station.dialogue.tell(QStringLiteral("Nincs adat![Hiba: ErFl-01]"), QStringLiteral("Hiba"));
+            m_station.dialogue.tell(u"Nincs adat![Hiba: ErFl-01]"_s, u"Hiba"_s);
             return false;
         }
         writeRecords(scratch, records);
@@ -191,8 +188,7 @@ class OriginalReport {
         for (const QString& line : headBlock(m_institution, m_period, records)) {
             const QByteArray utf8 = line.toUtf8();
             if (!code_page::appendUtf8(block, viewOf(utf8)))
-                throw Fault(fault::invalidCall,
-                            QStringLiteral("Az intézet adatai nem írhatók a jelentésbe!"));
+                throw Fault(fault::invalidCall, u"Az intézet adatai nem írhatók a jelentésbe!"_s);
             block += "\r\n";
         }
         m_amb->writeBytes(block);
@@ -241,7 +237,7 @@ class OriginalReport {
                 if (last || m_turn.displayDue()) {
                     m_outcome.procedures = m_figures.procedures();
                     m_progress.procedures(m_outcome.procedures);
-                    m_progress.moved(QStringLiteral("Kiírás: "), position, records);
+                    m_progress.moved(u"Kiírás: "_s, position, records);
                 }
                 m_turn.serve();
             }
@@ -265,10 +261,10 @@ class OriginalReport {
     // Errors are ignored here, each step going on to the next one.
     void pack() {
         try {
-            const QString archive = targetFile(m_station, m_baseName + QStringLiteral(".arj"));
+            const QString archive = targetFile(m_station, m_baseName + u".arj"_s);
             // An archive of an earlier month must not pass for this one where the archiver fails.
             QFile::remove(archive);
-            m_station.packer.start(m_station.folder, archive, m_baseName + QStringLiteral(".amb"));
+            m_station.packer.start(m_station.folder, archive, m_baseName + u".amb"_s);
         } catch (const Fault&) {
         }
         try {

@@ -2,14 +2,16 @@
 
 #include "platform/code_page.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
 
 [[noreturn]] void raiseValue(const RecordColumn& column) {
     throw Fault(fault::invalidCall,
-                QStringLiteral("A(z) %1 mező értéke nem fér el a jelentésben!")
-                    .arg(QString::fromLatin1(column.column.data(), qsizetype(column.column.size()))));
+                u"A(z) %1 mező értéke nem fér el a jelentésben!"_s.arg(
+                    QString::fromLatin1(column.column.data(), qsizetype(column.column.size()))));
 }
 
 } // namespace

@@ -6,22 +6,24 @@
 #include "reports/report_target.h"
 #include "reports/selection.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
 
 using Result = ReportOutcome::Result;
 
-const QString noData = QStringLiteral("Nincs a feltételeknek megfelelő adat!\n"
-                                      "Lehetséges hibák: \n"
-                                      "\t - a megadott dátumintervallumra a jelentés egyszer más elkészült, "
-                                      "a floppy mezők visszaírása szükséges");
+const QString noData = u"Nincs a feltételeknek megfelelő adat!\n"
+                       "Lehetséges hibák: \n"
+                       "\t - a megadott dátumintervallumra a jelentés egyszer más elkészült, "
+                       "a floppy mezők visszaírása szükséges"_s;
 
 void tellFault(Workstation& station, const Fault& fault) {
     if (fault.number() == fault::diskNotReady)
-        station.dialogue.tell(QStringLiteral("Nem található az elérési útvonal!"));
+        station.dialogue.tell(u"Nem található az elérési útvonal!"_s);
     else
-        station.dialogue.tell(QStringLiteral("Hiba történt! Leválogatás nem futtatható") +
+        station.dialogue.tell(u"Hiba történt! Leválogatás nem futtatható"_s +
                               QString::number(fault.number()));
 }
 
@@ -34,10 +36,10 @@ ReportOutcome runReport(Workstation& station, const ReportRequest& request, Repo
         station.dialogue.tell(unfilled);
         return outcome;
     }
-    if (request.mode != QLatin1String("0")) {
+    if (request.mode != "0"_L1) {
         // Marks without a report would hide these sheets, so nothing is selected either.
-        station.dialogue.tell(QStringLiteral("Ez a jelentés ebben a változatban még nem készíthető el!"),
-                              programTitle, Icon::information);
+        station.dialogue.tell(u"Ez a jelentés ebben a változatban még nem készíthető el!"_s, programTitle,
+                              Icon::information);
         outcome.result = Result::notBuilt;
         return outcome;
     }
@@ -56,7 +58,7 @@ ReportOutcome runReport(Workstation& station, const ReportRequest& request, Repo
         if (sheets.empty()) {
             outcome.result = Result::noData;
             progress.noData();
-            station.dialogue.tell(noData, QStringLiteral("Hiba!"));
+            station.dialogue.tell(noData, u"Hiba!"_s);
             return outcome;
         }
         outcome.records = flattenSheets(station, Selection::original, sheets, turn, progress);

@@ -8,10 +8,12 @@
 
 namespace vandrel {
 
+using namespace Qt::StringLiterals;
+
 // What stands on the screen. Mode "0" original report, "1" corrected report, "E" EU report; the periods are
 // mask texts "éééé.hh", unfilled "    .  ". settlement is looked at only in mode "1".
 struct ReportRequest {
-    QString mode = QStringLiteral("0");
+    QString mode = u"0"_s;
     QString from, to, settlement;
 };
 

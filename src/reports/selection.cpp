@@ -8,6 +8,8 @@
 #include <cmath>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -17,7 +19,7 @@ constexpr std::size_t rowLines = 6; // procedure positions of a row
 // Sheets a commit. Each commit waits for the disk, and one of a large month would hold the window up.
 constexpr int sheetsPerCommit = 8000;
 
-const QString preparing = QStringLiteral("Előkészítés: ");
+const QString preparing = u"Előkészítés: "_s;
 
 // --- texts -------------------------------------------------------------------------------------------------
 
@@ -274,9 +276,8 @@ class Flattener {
         m_line.bindBorrowed(1, trimmed(m_sheet.bytes(AZONOSITO)));
         while (m_line.next()) {
             if (m_lineCount == linesPerSheet)
-                throw Fault(
-                    fault::subscript,
-                    QStringLiteral("Egy adatlapon legfeljebb %1 beavatkozás lehet!").arg(linesPerSheet));
+                throw Fault(fault::subscript,
+                            u"Egy adatlapon legfeljebb %1 beavatkozás lehet!"_s.arg(linesPerSheet));
             Line& line = m_lines[m_lineCount++];
             line.codeNull = m_line.isNull(0);
             line.code.assign(m_line.bytes(0));

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -33,12 +35,12 @@ OptionRule ruleOf(WriteBack option) {
 WriteBackOutcome writeBackMarks(Workstation& station, const QString& from, const QString& to,
                                 WriteBack option, const std::function<void(qint64, qint64)>& moved) {
     if (from == format::emptyPeriod) {
-        station.dialogue.tell(QStringLiteral("Nem adott meg -Tól értéket!"));
-        return {QStringLiteral("from"), 0};
+        station.dialogue.tell(u"Nem adott meg -Tól értéket!"_s);
+        return {u"from"_s, 0};
     }
     if (to == format::emptyPeriod) {
-        station.dialogue.tell(QStringLiteral("Nem adott meg -Ig értéket!"));
-        return {QStringLiteral("to"), 0};
+        station.dialogue.tell(u"Nem adott meg -Ig értéket!"_s);
+        return {u"to"_s, 0};
     }
     WriteBackOutcome outcome;
     try {
@@ -72,14 +74,13 @@ WriteBackOutcome writeBackMarks(Workstation& station, const QString& from, const
         outcome.sheets = total;
     } catch (const Fault& fault) {
         station.dialogue.tell(
-            QStringLiteral("Az adatvisszaállítás nem sikerült, az adatok nem változtak!\n") + fault.text(),
-            QStringLiteral("Hiba"));
+            u"Az adatvisszaállítás nem sikerült, az adatok nem változtak!\n"_s + fault.text(), u"Hiba"_s);
         return {};
     }
     if (outcome.sheets == 0)
-        station.dialogue.tell(QStringLiteral("Nincs visszaállítható adat!"), programTitle, Icon::warning);
+        station.dialogue.tell(u"Nincs visszaállítható adat!"_s, programTitle, Icon::warning);
     else
-        station.dialogue.tell(QStringLiteral("Kész az adatvisszaállítás!"), programTitle, Icon::information);
+        station.dialogue.tell(u"Kész az adatvisszaállítás!"_s, programTitle, Icon::information);
     return outcome;
 }
 

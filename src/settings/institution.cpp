@@ -4,6 +4,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -35,7 +37,7 @@ constexpr Check checks[] = {
 
 QString masked(const QString& stored, const QString& emptyMask) {
     const QString trimmed = stored.trimmed();
-    return trimmed.isEmpty() || trimmed == QLatin1String("0") ? emptyMask : stored;
+    return trimmed.isEmpty() || trimmed == "0"_L1 ? emptyMask : stored;
 }
 
 // Whether setup.ini gives the value back as it was typed.
@@ -43,8 +45,8 @@ bool keepsInSetup(const QString& value) {
     if (value.size() > loginLength || value != value.trimmed()) return false;
     if (code_page::toUnicode(code_page::fromUnicode(value)) != value) return false;
     const bool quoted = value.size() >= 2 && value.front() == value.back() &&
-                        (value.front() == QLatin1Char('"') || value.front() == QLatin1Char('\''));
-    return !quoted && !value.contains(QLatin1Char('\n')) && !value.contains(QLatin1Char('\r'));
+                        (value.front() == '"'_L1 || value.front() == '\''_L1);
+    return !quoted && !value.contains('\n'_L1) && !value.contains('\r'_L1);
 }
 
 } // namespace
@@ -71,22 +73,20 @@ InstitutionFields loadInstitution(Workstation& station) {
     }
     result.Bankszamla = masked(result.Bankszamla, emptyAccount);
     result.Adoig_szam = masked(result.Adoig_szam, emptyTaxNumber);
-    result.Login = station.setup.value(QStringLiteral("KJELO"), QStringLiteral("Login"));
-    result.Password = station.setup.value(QStringLiteral("KJELO"), QStringLiteral("Password"));
+    result.Login = station.setup.value(u"KJELO"_s, u"Login"_s);
+    result.Password = station.setup.value(u"KJELO"_s, u"Password"_s);
     return result;
 }
 
 InstitutionFault checkInstitutionFields(const InstitutionFields& fields) {
     for (const Check& check : checks)
         if ((fields.*check.field).trimmed().size() < check.length)
-            return {QLatin1String(check.name), QString::fromUtf8(check.status), QString::fromUtf8(check.box)};
-    const QString box =
-        QStringLiteral("Hiba: %1 nem tárolható! Legfeljebb 39 betű lehet, idézőjelek és szélső "
-                       "szóközök nélkül, a magyar kódlap betűivel.");
-    if (!keepsInSetup(fields.Login))
-        return {QStringLiteral("Login"), {}, box.arg(QStringLiteral("a bejelentkező név"))};
-    if (!keepsInSetup(fields.Password))
-        return {QStringLiteral("Password"), {}, box.arg(QStringLiteral("a jelszó"))};
+            return {QLatin1StringView(check.name), QString::fromUtf8(check.status),
+                    QString::fromUtf8(check.box)};
+    const QString box = u"Hiba: %1 nem tárolható! Legfeljebb 39 betű lehet, idézőjelek és szélső "
+                        "szóközök nélkül, a magyar kódlap betűivel."_s;
+    if (!keepsInSetup(fields.Login)) return {u"Login"_s, {}, box.arg(u"a bejelentkező név"_s)};
+    if (!keepsInSetup(fields.Password)) return {u"Password"_s, {}, box.arg(u"a jelszó"_s)};
     return {};
 }
 
@@ -101,20 +101,19 @@ void storeInstitution(Workstation& station, const InstitutionFields& fields) {
                  "Bankszamla=?8, Adoig_szam=?9, NBK_KOD=?10 where rowid=(select min(rowid) from intezet)",
                  fields.Int_nev.trimmed(), fields.Gyogyi_kod.trimmed(), fields.Orv_kod.trimmed(),
                  fields.Szakrend_kod.trimmed(), fields.irsz.trimmed(), fields.City.trimmed(),
-                 street.isEmpty() ? QStringLiteral(" ") : street, fields.Bankszamla, fields.Adoig_szam,
+                 street.isEmpty() ? u" "_s : street, fields.Bankszamla, fields.Adoig_szam,
                  fields.NBK_KOD.trimmed());
     transaction.commit();
 }
 
 void storeLogin(Workstation& station, const InstitutionFields& fields) {
-    station.setup.setValue(QStringLiteral("KJELO"), QStringLiteral("Login"), fields.Login);
-    station.setup.setValue(QStringLiteral("KJELO"), QStringLiteral("Password"), fields.Password);
+    station.setup.setValue(u"KJELO"_s, u"Login"_s, fields.Login);
+    station.setup.setValue(u"KJELO"_s, u"Password"_s, fields.Password);
 }
 
 bool storeWorkstationLabel(Workstation& station, const QString& label) {
     if (label.trimmed().isEmpty()) {
-        station.dialogue.tell(QStringLiteral("Nem maradhat üresen a gépazonosító mező!"),
-                              QStringLiteral("Figyelmeztetés"));
+        station.dialogue.tell(u"Nem maradhat üresen a gépazonosító mező!"_s, u"Figyelmeztetés"_s);
         return false;
     }
     Database& data = station.files[DataFile::tetdata];

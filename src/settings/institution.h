@@ -8,14 +8,16 @@
 
 namespace vandrel {
 
+using namespace Qt::StringLiterals;
+
 // As the texts stand on the form; account and tax number are the masks' texts.
 struct InstitutionFields {
     QString Int_nev, Gyogyi_kod, Orv_kod, Szakrend_kod, irsz, City, cim, Bankszamla, Adoig_szam, NBK_KOD;
     QString Login, Password; // from setup.ini, at most 39 characters
 };
 
-inline const QString emptyAccount = QStringLiteral("        -        -        ");
-inline const QString emptyTaxNumber = QStringLiteral("        - -  ");
+inline const QString emptyAccount = u"        -        -        "_s;
+inline const QString emptyTaxNumber = u"        - -  "_s;
 inline constexpr int loginLength = 39; // what a read buffer of 40 characters holds
 
 // Null texts are empty. Account and tax number are the empty masks when they are empty, Null or "0".

@@ -51,7 +51,7 @@ void moveBehind(Workstation& station, const QString& key) {
         number = journalNumber(journal);
     } catch (const Fault&) {
     }
-    moveCounters(station, key, unit, doctor, number);
+    advanceCounters(station, key, unit, doctor, number);
 }
 
 } // namespace
@@ -82,8 +82,8 @@ qint64 journalNumber(const QString& journal) {
     return static_cast<qint64>(rounded);
 }
 
-void moveCounters(Workstation& station, const QString& key, const QString& unit, const QString& doctor,
-                  qint64 journal) {
+void advanceCounters(Workstation& station, const QString& key, const QString& unit, const QString& doctor,
+                     qint64 journal) {
     Database& data = station.files[DataFile::tetdata];
     if (data.execute("update AZONOSIT set END_AZON=?1 where rowid=(select min(rowid) from AZONOSIT)", key) ==
         0)
@@ -107,7 +107,7 @@ void moveCounters(Workstation& station, const QString& key, const QString& unit,
                      unit.trimmed(), lastDoctor, journal);
 }
 
-void mendCounters(Workstation& station) {
+void repairCounters(Workstation& station) {
     QString last = lastKey(station);
     QString key = nextKey(station);
     // Without a label the number is read behind the key's third digit and comes round again one day: such a

@@ -21,7 +21,7 @@ qint64 journalNumber(const QString& journal);
 
 // Writes the key into AZONOSIT and the unit's last doctor and journal number into DEFAULT, inside the
 // caller's transaction. A blank doctor leaves the one that is there.
-void moveCounters(Workstation& station, const QString& key, const QString& unit, const QString& doctor,
-                  qint64 journal);
+void advanceCounters(Workstation& station, const QString& key, const QString& unit, const QString& doctor,
+                     qint64 journal);
 
 } // namespace vandrel

@@ -78,6 +78,6 @@ std::array<UserField, 5> userFields(Workstation& station);
 // A store that was broken off between writing the sheet and moving the counters (a power cut) leaves End_azon
 // behind its own last sheet: called once at start, moves the counters behind it so that no key is given
 // twice.
-void mendCounters(Workstation& station);
+void repairCounters(Workstation& station);
 
 } // namespace vandrel

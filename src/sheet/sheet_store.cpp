@@ -166,7 +166,7 @@ std::optional<qint64> rowToEdit(Workstation& station, const SheetFields& fields)
     if (!fields.correction) {
         if (!sheetStored(station, fields.Azonosito)) return std::nullopt;
         // An earlier store got as far as the sheet but not to the counters.
-        mendCounters(station);
+        repairCounters(station);
         throw Fault(
             fault::dataConversion,
             u"Ezzel az azonosítóval (%1) már van eltárolt adatlap, még egyszer nem tárolható el. "
@@ -223,7 +223,7 @@ StoreResult storeSheet(Workstation& station, const SheetFields& fields) {
     // off before this is mended at the next start.
     try {
         Transaction transaction(data);
-        moveCounters(station, fields.Azonosito, fields.Szakrend, fields.Orvkod, numbers.journal);
+        advanceCounters(station, fields.Azonosito, fields.Szakrend, fields.Orvkod, numbers.journal);
         transaction.commit();
     } catch (const Fault& fault) {
         throw Fault(fault.number(),

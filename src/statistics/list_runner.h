@@ -10,14 +10,16 @@
 
 namespace vandrel {
 
+using namespace Qt::StringLiterals;
+
 class qcPrinter;
 
 // The texts of the status line. The first is told by runList; the other two belong to the caller: one before
 // the preview opens, one when it is closed.
 namespace list_status {
-inline const QString processing = QStringLiteral("Feldolgozás...");
-inline const QString makingPreview = QStringLiteral("Nyomtatási kép létrehozása...");
-inline const QString ready = QStringLiteral("Lista kész!");
+inline const QString processing = u"Feldolgozás..."_s;
+inline const QString makingPreview = u"Nyomtatási kép létrehozása..."_s;
+inline const QString ready = u"Lista kész!"_s;
 } // namespace list_status
 
 // Title of the screen's panel, leading blank included (" Betegforgalmi napló").

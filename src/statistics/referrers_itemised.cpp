@@ -16,9 +16,8 @@ constexpr const char* columns = "AZONOSITO, IGENYLO, TERITES, NAPLO, F_DATUM, F_
                                 "DIAG1, DIAG2, DIAG3, DIAG4, DIAG5";
 
 const QStringList tableHeads =
-    QStringLiteral("Beküldő;Kategória;Naplósorszám;Név;Dátum;Idő;TAJ;TAJ típusa;Nem;Születési idő;"
-                   "Munkahely;BNO-k;WHO;Megnevezés;Mennyiség;Pontszám")
-        .split(u';');
+    u"Beküldő;Kategória;Naplósorszám;Név;Dátum;Idő;TAJ;TAJ típusa;Nem;Születési idő;"
+    "Munkahely;BNO-k;WHO;Megnevezés;Mennyiség;Pontszám"_s.split(u';');
 
 void blockHead(ListRun& run, const QString& referrer, const QString& category) {
     run.text(u"<b>Beküldő: <LINDENT=30>"_s + literalText(referrer) + u"</LINDENT></b>"_s);

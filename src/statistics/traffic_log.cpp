@@ -45,10 +45,9 @@ constexpr const char* columns =
     "GYOGYFURD";
 
 const QStringList tableHeads =
-    QStringLiteral("Munkahely;Munkahely neve;Kategória;Naplósorszám;Név;Típus;Dátum;Idő;TAJ;TAJ típusa;"
-                   "Nem;Születési idő;Beküldő;BNO 1;BNO 2;Továbbküldés;Baleset;Orvos;Labor;Röntgen;CT-MR;"
-                   "Fizioterápia;Keresőképesség;Útiköltség;Vény;Segédeszköz;Gyógyfürdő;Beavatkozások")
-        .split(u';');
+    u"Munkahely;Munkahely neve;Kategória;Naplósorszám;Név;Típus;Dátum;Idő;TAJ;TAJ típusa;"
+    "Nem;Születési idő;Beküldő;BNO 1;BNO 2;Továbbküldés;Baleset;Orvos;Labor;Röntgen;CT-MR;"
+    "Fizioterápia;Keresőképesség;Útiköltség;Vény;Segédeszköz;Gyógyfürdő;Beavatkozások"_s.split(u';');
 
 // The heads of the first unit and of the later ones differ, and that is wanted.
 void titleBlock(ListRun& run, const QString& unit, const QString& category, bool first) {

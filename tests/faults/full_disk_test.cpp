@@ -42,7 +42,7 @@ TEST(FullDisk, AVolumeFilledToItsEnd) {
         });
         say("store " + std::to_string(fault));
         examine("wrong after the store: ");
-        station.reportTarget = station.folder + QLatin1Char('/'); // everything a report writes lies there
+        station.reportTarget = station.folder + '/'_L1; // everything a report writes lies there
         say(clinic.report().complete ? "report complete" : "report not complete");
         say(clinic.onlyBox().toStdString());
         examine("wrong after the report: ");

@@ -32,7 +32,7 @@ TEST(Kill, WhileSheetsAreStored) {
         station.files.closeAll();
         std::mt19937 childsRandom(random());
         ChildProcess clerk([&](const Say& say) {
-            mendCounters(station);
+            repairCounters(station);
             say("ready");
             for (;;) {
                 const Confirmed sheet = storeNext(station, childsRandom);
@@ -54,7 +54,7 @@ TEST(Kill, WhileSheetsAreStored) {
         // The program's own start on the folder, without a word; then the next store works.
         clinic.dialogue.boxes.clear();
         ASSERT_TRUE(examineDataFiles(station));
-        mendCounters(station);
+        repairCounters(station);
         EXPECT_TRUE(clinic.dialogue.boxes.empty());
         for (const std::string& wrong : examineSheets(clinic, confirmed))
             ADD_FAILURE() << wrong;

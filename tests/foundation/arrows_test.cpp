@@ -11,25 +11,24 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 namespace {
 
-const QStringList workingRooms = {QStringLiteral("sheet"),      QStringLiteral("reports"),
-                                  QStringLiteral("statistics"), QStringLiteral("masterdata"),
-                                  QStringLiteral("clinical"),   QStringLiteral("eligibility"),
-                                  QStringLiteral("exchange"),   QStringLiteral("settings")};
+const QStringList workingRooms = {u"sheet"_s,    u"reports"_s,     u"statistics"_s, u"masterdata"_s,
+                                  u"clinical"_s, u"eligibility"_s, u"exchange"_s,   u"settings"_s};
 
 // inForms: of the including file. The print engine stands on the platform alone; its windows are forms like
 // any other and use what all forms share.
 bool mayInclude(const QString& room, bool inForms, const QString& other) {
-    if (room == other || room == QLatin1String("app")) return true;
-    if (other == QLatin1String("platform")) return true;
-    if (room == QLatin1String("platform") || other == QLatin1String("app")) return false;
-    if (room == QLatin1String("foundation") || (room == QLatin1String("print") && !inForms)) return false;
-    if (room == QLatin1String("print")) return other == QLatin1String("foundation");
-    return other == QLatin1String("foundation") || other == QLatin1String("print") ||
-           workingRooms.contains(other);
+    if (room == other || room == "app"_L1) return true;
+    if (other == "platform"_L1) return true;
+    if (room == "platform"_L1 || other == "app"_L1) return false;
+    if (room == "foundation"_L1 || (room == "print"_L1 && !inForms)) return false;
+    if (room == "print"_L1) return other == "foundation"_L1;
+    return other == "foundation"_L1 || other == "print"_L1 || workingRooms.contains(other);
 }
 
 bool isWidgetHeader(const QString& header) {
@@ -80,56 +79,54 @@ bool isWidgetHeader(const QString& header) {
                                  "QPrinter",
                                  "QPrintDialog",
                                  "QPrinterInfo"})
-            names << QLatin1String(name);
+            names << QLatin1StringView(name);
         return names;
     }();
-    const QString name = header.section(QLatin1Char('/'), -1);
-    return header.contains(QLatin1String("QtWidgets")) || header.contains(QLatin1String("QtPrintSupport")) ||
-           widgets.contains(name) ||
-           (name.startsWith(QLatin1Char('Q')) && name.endsWith(QLatin1String("Widget")));
+    const QString name = header.section('/'_L1, -1);
+    return header.contains("QtWidgets"_L1) || header.contains("QtPrintSupport"_L1) ||
+           widgets.contains(name) || (name.startsWith('Q'_L1) && name.endsWith("Widget"_L1));
 }
 
 // Everything wrong under a source tree, one line each, sorted.
 QStringList violations(const QString& root) {
-    static const QRegularExpression include(QStringLiteral("^\\s*#\\s*include\\s*([<\"])([^>\"]+)[>\"]"),
+    static const QRegularExpression include(u"^\\s*#\\s*include\\s*([<\"])([^>\"]+)[>\"]"_s,
                                             QRegularExpression::MultilineOption);
     QStringList found;
     std::map<QString, QString> folded;
-    QDirIterator files(root, {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
-                       QDirIterator::Subdirectories);
+    QDirIterator files(root, {u"*.h"_s, u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         const QString path = QDir(root).relativeFilePath(files.next());
         const auto [place, fresh] = folded.try_emplace(path.toLower(), path);
         if (!fresh) {
             QStringList both{place->second, path};
             both.sort();
-            found << both.join(QLatin1String(" and ")) + QStringLiteral(" differ by case only");
+            found << both.join(" and "_L1) + u" differ by case only"_s;
         }
-        const QString room = path.section(QLatin1Char('/'), 0, 0);
-        const bool inForms = path.section(QLatin1Char('/'), 1, 1) == QLatin1String("forms");
+        const QString room = path.section('/'_L1, 0, 0);
+        const bool inForms = path.section('/'_L1, 1, 1) == "forms"_L1;
         QFile file(QDir(root).filePath(path));
         if (!file.open(QIODevice::ReadOnly)) {
-            found << path + QStringLiteral(" cannot be read");
+            found << path + u" cannot be read"_s;
             continue;
         }
         QRegularExpressionMatchIterator lines = include.globalMatch(QString::fromUtf8(file.readAll()));
         while (lines.hasNext()) {
             const QRegularExpressionMatch line = lines.next();
             const QString header = line.captured(2);
-            if (line.captured(1) == QLatin1String("<")) {
-                if (isWidgetHeader(header) && !inForms && room != QLatin1String("app"))
-                    found << path + QStringLiteral(" uses the widget ") + header;
+            if (line.captured(1) == "<"_L1) {
+                if (isWidgetHeader(header) && !inForms && room != "app"_L1)
+                    found << path + u" uses the widget "_s + header;
                 continue;
             }
-            const QString other = header.section(QLatin1Char('/'), 0, 0);
-            const bool otherForms = header.section(QLatin1Char('/'), 1, 1) == QLatin1String("forms");
-            if (!header.contains(QLatin1Char('/')) || header.startsWith(QLatin1Char('.')))
-                found << path + QStringLiteral(" does not name the room of ") + header;
+            const QString other = header.section('/'_L1, 0, 0);
+            const bool otherForms = header.section('/'_L1, 1, 1) == "forms"_L1;
+            if (!header.contains('/'_L1) || header.startsWith('.'_L1))
+                found << path + u" does not name the room of "_s + header;
             else if (!mayInclude(room, inForms, other))
-                found << path + QStringLiteral(" must not know ") + header;
-            else if (otherForms && room != QLatin1String("app") &&
-                     (!inForms || (other != room && other != QLatin1String("foundation"))))
-                found << path + QStringLiteral(" must not know the form ") + header;
+                found << path + u" must not know "_s + header;
+            else if (otherForms && room != "app"_L1 &&
+                     (!inForms || (other != room && other != "foundation"_L1)))
+                found << path + u" must not know the form "_s + header;
         }
     }
     found.sort();
@@ -137,7 +134,7 @@ QStringList violations(const QString& root) {
 }
 
 void plant(const QTemporaryDir& tree, const char* path, const char* text) {
-    const QString full = tree.filePath(QLatin1String(path));
+    const QString full = tree.filePath(QLatin1StringView(path));
     ASSERT_TRUE(QDir().mkpath(QFileInfo(full).absolutePath()));
     QFile file(full);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -148,8 +145,8 @@ void plant(const QTemporaryDir& tree, const char* path, const char* text) {
 
 TEST(Arrows, TheSourcesKeepTheWalls) {
     const QString root = QStringLiteral(VANDREL_SOURCE_DIR "/src");
-    ASSERT_TRUE(QFile::exists(root + QStringLiteral("/platform/database.h")));
-    EXPECT_EQ(violations(root).join(QLatin1Char('\n')).toStdString(), "");
+    ASSERT_TRUE(QFile::exists(root + u"/platform/database.h"_s));
+    EXPECT_EQ(violations(root).join('\n'_L1).toStdString(), "");
 }
 
 TEST(Arrows, PlantedFaultsAreFound) {
@@ -187,11 +184,10 @@ TEST(Arrows, PlantedFaultsAreFound) {
     QStringList expected;
     for (const Case& entry : cases) {
         plant(tree, entry.path, entry.text);
-        if (entry.finding != nullptr) expected << QLatin1String(entry.finding);
+        if (entry.finding != nullptr) expected << QLatin1StringView(entry.finding);
     }
     expected.sort();
-    EXPECT_EQ(violations(tree.path()).join(QLatin1Char('\n')).toStdString(),
-              expected.join(QLatin1Char('\n')).toStdString());
+    EXPECT_EQ(violations(tree.path()).join('\n'_L1).toStdString(), expected.join('\n'_L1).toStdString());
 }
 
 } // namespace vandrel::test

@@ -73,7 +73,7 @@ TEST(StartChecks, FilesOfOtherScreensMayBeAway) {
     TestWorkstation test;
     for (const char* name :
          {"td2.mdb", "ZEKA.mdb", "osszedata.mdb", "gyogysz2.mdb", "gyogysz.mdb", "setup.ini"})
-        ASSERT_TRUE(QFile::remove(test.path(QLatin1String(name)))) << name;
+        ASSERT_TRUE(QFile::remove(test.path(QLatin1StringView(name)))) << name;
     EXPECT_TRUE(examineDataFiles(test.workstation));
     EXPECT_FALSE(QFile::exists(test.path(u"osszedata.mdb"_s)));
 }

@@ -106,7 +106,7 @@ TEST(IniFile, ReadsAndWritesAsThePrivateProfileDoes) {
     EXPECT_EQ(ini.value(u"KJELO"_s, u"Login"_s), u"ő=x"_s);
     ini.setValue(u"ADATLAP_DEF"_s, u"BEAV_TIP"_s, u"\"V\""_s);
     EXPECT_EQ(ini.value(u"adatlap_def"_s, u"beav_tip"_s), u"V"_s);
-    ini.setValue(u"ZEKA"_s, u"ELERES"_s, QString(60, QLatin1Char('e')));
+    ini.setValue(u"ZEKA"_s, u"ELERES"_s, QString(60, 'e'_L1));
     EXPECT_EQ(ini.value(u"ZEKA"_s, u"ELERES"_s).size(), 39);
     ini.setValue(u"KJELO"_s, u"Password"_s, u"a\r\n[UJ]\r\nTOP=9"_s);
     EXPECT_EQ(ini.value(u"UJ"_s, u"TOP"_s), QString());

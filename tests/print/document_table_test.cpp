@@ -5,13 +5,15 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 namespace {
 
 QByteArray saved(const DocumentTable& table, DocumentTable::Encoding encoding) {
     const QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("tábla.csv"));
+    const QString path = directory.filePath(u"tábla.csv"_s);
     table.save(path, encoding);
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
@@ -26,9 +28,9 @@ TEST(DocumentTable, Bytes) {
     EXPECT_EQ(saved(table, windows1250), "");
     EXPECT_EQ(saved(table, utf8), "\xEF\xBB\xBF");
 
-    table.addRow({QStringLiteral("Név"), QStringLiteral("Érték;Ft"), {}});
-    table.addRow({QStringLiteral("Őri \"Ű\""), QStringLiteral("12,50"), QStringLiteral("egy\r\nkettő\n")});
-    table.addRow({QStringLiteral("漢😀x"), QStringLiteral("漢"), QStringLiteral("€'<b>")});
+    table.addRow({u"Név"_s, u"Érték;Ft"_s, {}});
+    table.addRow({u"Őri \"Ű\""_s, u"12,50"_s, u"egy\r\nkettő\n"_s});
+    table.addRow({u"漢😀x"_s, u"漢"_s, u"€'<b>"_s});
     table.addRow({});
     EXPECT_EQ(table.rowCount(), 4);
     EXPECT_EQ(table.unencodable(utf8), 0);
@@ -52,7 +54,7 @@ TEST(DocumentTable, LongTable) {
     QByteArray expected;
     for (int row = 0; row < 60'000; ++row) {
         const QString number = QString::number(row);
-        table.addRow({number, QStringLiteral("Árvíztűrő")});
+        table.addRow({number, u"Árvíztűrő"_s});
         expected += number.toUtf8() + ";\xC1rv\xEDzt\xFBr\xF5\r\n";
     }
     EXPECT_EQ(table.rowCount(), 60'000);
@@ -64,13 +66,12 @@ TEST(DocumentTable, LongTable) {
 
 TEST(DocumentTable, RefusedTargets) {
     DocumentTable table;
-    table.addRow({QStringLiteral("a")});
+    table.addRow({u"a"_s});
     const QTemporaryDir directory;
-    const std::pair<QString, int> targets[] = {
-        {directory.path(), fault::pathAccess},
-        {directory.filePath(QStringLiteral("nincs/a.csv")), fault::pathNotFound},
-        {QStringLiteral("/dev/full"), fault::pathAccess},
-        {QString(), fault::pathAccess}};
+    const std::pair<QString, int> targets[] = {{directory.path(), fault::pathAccess},
+                                               {directory.filePath(u"nincs/a.csv"_s), fault::pathNotFound},
+                                               {u"/dev/full"_s, fault::pathAccess},
+                                               {QString(), fault::pathAccess}};
     for (const auto& [path, number] : targets)
         try {
             table.save(path, DocumentTable::Encoding::utf8);

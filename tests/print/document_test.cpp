@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 namespace {
@@ -25,7 +27,7 @@ struct DocumentTest : testing::Test {
         document.AddText(text, arial);
         return document.TextItem().Item(document.ItemCount());
     }
-    qcTextItem& addLines(int lines) { return add(QStringLiteral("a\n").repeated(lines)); }
+    qcTextItem& addLines(int lines) { return add(u"a\n"_s.repeated(lines)); }
     QStringList page(int number) {
         RecordingPage drawn;
         document.PreviewPage(drawn, number);
@@ -338,8 +340,8 @@ TEST_F(DocumentTest, StretchesBetweenLettersWhereBlanksDoNotDo) {
 }
 
 TEST_F(DocumentTest, FontsColoursAndIndentsGoOnOnTheNextPage) {
-    add("<B><SIZE=5>\n</SIZE><COLOR=#0000FF><U><LINDENT=200><ALIGN=RIGHT>" +
-        QStringLiteral("a\n").repeated(12) + "</LINDENT><FONT=Courier New>z");
+    add("<B><SIZE=5>\n</SIZE><COLOR=#0000FF><U><LINDENT=200><ALIGN=RIGHT>" + u"a\n"_s.repeated(12) +
+        "</LINDENT><FONT=Courier New>z");
     RecordingPage drawn;
     document.PreviewPage(drawn, 2);
     ASSERT_EQ(drawn.texts.size(), 4u);
@@ -387,7 +389,7 @@ TEST_F(DocumentTest, HostileGeometry) {
     add("<RINDENT=-99999>" + QString(300, u'a'));
     const int pages = document.Pages();
     EXPECT_EQ(texts().join(QString()).remove(u' '),
-              QStringLiteral("a").repeated(30) + "ab" + "abcd" + QStringLiteral("a").repeated(300));
+              u"a"_s.repeated(30) + "ab" + "abcd" + u"a"_s.repeated(300));
     EXPECT_GE(pages, 6);
     document.setMarginLeft(3000); // margins wider than the paper: nothing is measured and nothing drawn
     EXPECT_EQ(texts().join(QString()), QString());
@@ -404,7 +406,7 @@ TEST_F(DocumentTest, LiteralTextPrintsAsItStands) {
         document.AddText(literalText(each) + "<LINDENT=4>|</LINDENT>", {.fontName = "Arial", .bold = true});
     QStringList whole;
     for (const QString& each : data)
-        whole << each << QStringLiteral("|");
+        whole << each << u"|"_s;
     EXPECT_EQ(texts().join(QString()), whole.join(QString()));
 }
 

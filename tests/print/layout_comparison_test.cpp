@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 namespace {
@@ -56,17 +58,15 @@ QString tag(Dice& dice, long mode) {
                                  "<RINDENT=x<B>"};
     switch (dice.below(9)) {
     case 0:
-        return QStringLiteral("<LINDENT=%1>").arg(indent(dice, mode));
+        return u"<LINDENT=%1>"_s.arg(indent(dice, mode));
     case 1:
-        return QStringLiteral("<RINDENT=%1>").arg(indent(dice, mode));
+        return u"<RINDENT=%1>"_s.arg(indent(dice, mode));
     case 2:
-        return dice.once(2) ? QStringLiteral("</LINDENT>") : QStringLiteral("</Rindent>");
+        return dice.once(2) ? u"</LINDENT>"_s : u"</Rindent>"_s;
     case 3:
-        return QStringLiteral("<ALIGN=%1>")
-            .arg(dice.pick({"LEFT", "right", "CENTRE", "center", "Justify", "JUSTIFY"}));
+        return u"<ALIGN=%1>"_s.arg(dice.pick({"LEFT", "right", "CENTRE", "center", "Justify", "JUSTIFY"}));
     case 4:
-        return QStringLiteral("<SIZE=%1>")
-            .arg(dice.once(60) ? QStringLiteral("999") : dice.pick({"10", "5", "12.5", "20", "8", "40"}));
+        return u"<SIZE=%1>"_s.arg(dice.once(60) ? u"999"_s : dice.pick({"10", "5", "12.5", "20", "8", "40"}));
     case 5:
         return dice.pick({"<FONT=Courier New>", "<FONT=Arial>", "<COLOR=#FF8000>", "<color=255>"});
     case 6:
@@ -171,7 +171,7 @@ QString difference(const qcTextItem& item, const plain::Item& told) {
     QStringList all;
     const auto compare = [&](const char* name, double is, double should) {
         if (std::abs(is - should) > 0.01 + std::abs(should) * 1e-6) // kept in single precision
-            all << QStringLiteral("%1 is %2, not %3").arg(QLatin1String(name)).arg(is).arg(should);
+            all << u"%1 is %2, not %3"_s.arg(QLatin1StringView(name)).arg(is).arg(should);
     };
     compare("LineCount", item.LineCount(), told.lineCount);
     if (!all.isEmpty()) return all.first();
@@ -194,10 +194,9 @@ QString difference(const RecordingPage& page, const RecordingPage& told) {
     const auto is = page.characters();
     const auto should = told.characters();
     const auto show = [](const std::vector<RecordingPage::Drawn>& all, std::size_t at) {
-        if (at >= all.size()) return QStringLiteral("nothing");
+        if (at >= all.size()) return u"nothing"_s;
         const auto& one = all[at];
-        return QStringLiteral("'%1' at %2,%3 %4 %5")
-            .arg(one.character)
+        return u"'%1' at %2,%3 %4 %5"_s.arg(one.character)
             .arg(one.x)
             .arg(one.y)
             .arg(one.font.name)
@@ -209,7 +208,7 @@ QString difference(const RecordingPage& page, const RecordingPage& told) {
             is[at].font == should[at].font && is[at].underline == should[at].underline &&
             is[at].color == should[at].color)
             continue;
-        return QStringLiteral("character %1: %2, not %3").arg(at).arg(show(is, at), show(should, at));
+        return u"character %1: %2, not %3"_s.arg(at).arg(show(is, at), show(should, at));
     }
     const auto far = [](double a, double b) { return std::abs(a - b) > 0.01; };
     if (!std::equal(page.rules.begin(), page.rules.end(), told.rules.begin(), told.rules.end(),
@@ -217,14 +216,14 @@ QString difference(const RecordingPage& page, const RecordingPage& told) {
                         return !far(a.left, b.left) && !far(a.right, b.right) && !far(a.y, b.y) &&
                                !far(a.width, b.width) && a.color == b.color;
                     }))
-        return QStringLiteral("rules");
+        return u"rules"_s;
     if (!std::equal(page.boxes.begin(), page.boxes.end(), told.boxes.begin(), told.boxes.end(),
                     [&](const auto& a, const auto& b) {
                         return !far(a.left, b.left) && !far(a.right, b.right) && !far(a.top, b.top) &&
                                !far(a.bottom, b.bottom) && !far(a.outline, b.outline) && a.fill == b.fill &&
                                a.color == b.color;
                     }))
-        return QStringLiteral("boxes");
+        return u"boxes"_s;
     return {};
 }
 
@@ -233,8 +232,7 @@ QString difference(qcPrinter& document, plain::Document& told, Dice& dice) {
     int number = 0;
     for (const plain::Item& should : told.items) {
         const QString wrong = difference(document.TextItem().Item(++number), should);
-        if (!wrong.isEmpty())
-            return QStringLiteral("item %1: %2 in \"%3\"").arg(number).arg(wrong, should.text.left(300));
+        if (!wrong.isEmpty()) return u"item %1: %2 in \"%3\""_s.arg(number).arg(wrong, should.text.left(300));
     }
     const int pages = document.Pages();
     const int draws = pages > 60 ? 2 : std::min(pages + 1, 5);
@@ -245,7 +243,7 @@ QString difference(qcPrinter& document, plain::Document& told, Dice& dice) {
         document.WalkDocument(is, first, last);
         told.walk(should, first, last);
         const QString wrong = difference(is, should);
-        if (!wrong.isEmpty()) return QStringLiteral("page %1 of %2: %3").arg(first).arg(pages).arg(wrong);
+        if (!wrong.isEmpty()) return u"page %1 of %2: %3"_s.arg(first).arg(pages).arg(wrong);
     }
     return {};
 }
@@ -258,9 +256,9 @@ int change(qcPrinter& document, plain::Document& told, Dice& dice) {
     } else if (kind == 1) {
         document.setMarginBottom(static_cast<float>(told.marginBottom += 100));
     } else if (kind == 2) {
-        document.setAppName(told.appName = QStringLiteral("a\nb\nc"));
+        document.setAppName(told.appName = u"a\nb\nc"_s);
     } else if (kind == 3) {
-        document.Header(4).setText(told.headers[4].text = QStringLiteral("a\nb"));
+        document.Header(4).setText(told.headers[4].text = u"a\nb"_s);
         document.Pages();
         told.paginate();
         document.setSetHeader(4, told.setHeader[4] = !told.setHeader[4]); // does not ask for a pagination
@@ -298,7 +296,7 @@ QString differenceOf(unsigned seed, int& pages) {
     told.marginRight = document.MarginRight();
     told.marginTop = document.MarginTop();
     told.marginBottom = document.MarginBottom();
-    document.setAppName(told.appName = QStringLiteral("J\u00e1r\u00f3beteg <B>program"));
+    document.setAppName(told.appName = u"J\u00e1r\u00f3beteg <B>program"_s);
     for (int slot = 0; slot < 10; ++slot) {
         if (!dice.once(4)) continue;
         plain::Item head = item(dice, true);
@@ -327,7 +325,7 @@ QString differenceOf(unsigned seed, int& pages) {
     }
     pages = document.Pages();
     if (const int should = told.paginate(); pages != should)
-        return QStringLiteral("%1 pages, not %2").arg(pages).arg(should);
+        return u"%1 pages, not %2"_s.arg(pages).arg(should);
     QString wrong = difference(document, told, dice);
     // Something is written, and what was found out before must not be taken for true any more.
     for (int write = 0; write < 2 && pages < 100 && wrong.isEmpty(); ++write) {
@@ -335,8 +333,8 @@ QString differenceOf(unsigned seed, int& pages) {
         if (stand.engine.NeedsPaging) told.paginate();
         pages = document.Pages();
         wrong = pages == told.pages() ? difference(document, told, dice)
-                                      : QStringLiteral("%1 pages, not %2").arg(pages).arg(told.pages());
-        if (!wrong.isEmpty()) wrong = QStringLiteral("after change %1: %2").arg(kind).arg(wrong);
+                                      : u"%1 pages, not %2"_s.arg(pages).arg(told.pages());
+        if (!wrong.isEmpty()) wrong = u"after change %1: %2"_s.arg(kind).arg(wrong);
     }
     return wrong;
 }

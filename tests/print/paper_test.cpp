@@ -21,13 +21,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 namespace {
 
-const FontChoice times{QStringLiteral("Times New Roman"), 10};
-const QString accents = QStringLiteral("fi ffl AVATo á é í ó ö ő ú ü ű Á É Í Ó Ö Ő Ú Ü Ű");
-const PrintJobSetup a4{0, orientation::portrait, 11906, 16838, QStringLiteral("Próba <b>&\"")};
+const FontChoice times{u"Times New Roman"_s, 10};
+const QString accents = u"fi ffl AVATo á é í ó ö ő ú ü ű Á É Í Ó Ö Ő Ú Ü Ű"_s;
+const PrintJobSetup a4{0, orientation::portrait, 11906, 16838, u"Próba <b>&\""_s};
 
 // A run of the text from x on; stretched: so much more behind each character.
 struct Line {
@@ -64,7 +66,7 @@ QString outputOf(const QString& program, const QStringList& arguments) {
     process.waitForFinished();
     return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0
                ? QString::fromUtf8(process.readAllStandardOutput())
-               : QStringLiteral("%1 failed").arg(program);
+               : u"%1 failed"_s.arg(program);
 }
 
 QByteArray bytesOf(const QString& path) {
@@ -102,8 +104,9 @@ TEST(PageFonts, FamiliesAndWidths) {
                                                             {"No, such' family", "Liberation Sans"},
                                                             {"", "Liberation Sans"}};
     for (const auto& [name, family] : families)
-        EXPECT_EQ(QFontInfo(PageFont({QLatin1String(name), 10}).font()).family(), QLatin1String(family));
-    EXPECT_TRUE(PageFont({QStringLiteral("Wingdings"), 10}).sign(U'\u2713').byGlyph);
+        EXPECT_EQ(QFontInfo(PageFont({QLatin1StringView(name), 10}).font()).family(),
+                  QLatin1StringView(family));
+    EXPECT_TRUE(PageFont({u"Wingdings"_s, 10}).sign(U'\u2713').byGlyph);
 
     FontMeter meter;
     const Face& face = meter.face(times);
@@ -127,29 +130,26 @@ TEST(PageFonts, FamiliesAndWidths) {
 
 TEST(PdfFile, TextIsFoundWhereItWasLaidOut) {
     const QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("ő próba.pdf"));
+    const QString path = directory.filePath(u"ő próba.pdf"_s);
     FontMeter meter;
     PdfJob job(path, a4);
     const Line natural(meter, accents, 1000.25, 1000), stretched(meter, accents, 1000.25, 2000, 12.6);
-    const Line each(meter, accents, 1000.25, 3000),
-        foreign(meter, QStringLiteral("✓ 漢 😀 vége"), 1000, 4000, 3);
+    const Line each(meter, accents, 1000.25, 3000), foreign(meter, u"✓ 漢 😀 vége"_s, 1000, 4000, 3);
     job.page().text(natural.run);
     job.page().text(stretched.run);
     each.drawEach(job.page());
     job.page().text(foreign.run);
     job.endDoc();
 
-    const QStringList lines = outputOf(QStringLiteral("pdftotext"), {path, QStringLiteral("-")}).split(u'\n');
+    const QStringList lines = outputOf(u"pdftotext"_s, {path, u"-"_s}).split(u'\n');
     EXPECT_EQ(lines.count(accents), 3);
-    for (const QString& shown :
-         {QStringLiteral("✓"), QStringLiteral("vége")}) // other fonts stand higher or lower
+    for (const QString& shown : {u"✓"_s, u"vége"_s}) // other fonts stand higher or lower
         EXPECT_EQ(lines.filter(shown).size(), 1) << shown.toStdString();
     // The words of one line after the other, each with its place in points.
-    const QString boxes =
-        outputOf(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), path, QStringLiteral("-")});
-    EXPECT_TRUE(boxes.contains(QStringLiteral("<title>Próba &lt;b&gt;&amp;&quot;</title>")));
-    auto word = QRegularExpression(QStringLiteral("<word xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*>([^<]*)"))
-                    .globalMatch(boxes);
+    const QString boxes = outputOf(u"pdftotext"_s, {u"-bbox"_s, path, u"-"_s});
+    EXPECT_TRUE(boxes.contains(u"<title>Próba &lt;b&gt;&amp;&quot;</title>"_s));
+    auto word =
+        QRegularExpression(u"<word xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*>([^<]*)"_s).globalMatch(boxes);
     for (const Line* run : {&natural, &stretched, &each})
         for (qsizetype at = 0; at < accents.size(); at = accents.indexOf(u' ', at) + 1) {
             ASSERT_TRUE(word.hasNext());
@@ -162,7 +162,7 @@ TEST(PdfFile, TextIsFoundWhereItWasLaidOut) {
 
 TEST(PdfFile, PagesAndPaper) {
     const QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("lapok.pdf"));
+    const QString path = directory.filePath(u"lapok.pdf"_s);
     FontMeter meter;
     const auto info = [&](const QString& actions, const PrintJobSetup& setup) {
         PdfJob job(path, setup);
@@ -174,32 +174,31 @@ TEST(PdfFile, PagesAndPaper) {
                 page.rule(0, 1000, 1000, 20, 0);
         }
         job.endDoc();
-        return outputOf(QStringLiteral("pdfinfo"), {path});
+        return outputOf(u"pdfinfo"_s, {path});
     };
     const std::pair<const char*, int> cases[] = {{"", 1},   {"n", 1},  {"d", 1},    {"dn", 1},    {"dnn", 2},
                                                  {"nn", 2}, {"nd", 2}, {"dndn", 2}, {"dnnndn", 4}};
     for (const auto& [actions, pages] : cases)
-        EXPECT_TRUE(info(QLatin1String(actions), a4)
-                        .contains(QRegularExpression(QStringLiteral("Pages: +%1\n").arg(pages))))
+        EXPECT_TRUE(
+            info(QLatin1StringView(actions), a4).contains(QRegularExpression(u"Pages: +%1\n"_s.arg(pages))))
             << actions;
-    EXPECT_TRUE(info({}, a4).contains(QStringLiteral("595 x 842 pts (A4)")));
-    EXPECT_TRUE(
-        info({}, {0, orientation::landscape, 16838, 11906, {}}).contains(QStringLiteral("842 x 595 pts")));
-    EXPECT_TRUE(info({}, {0, 1, 0, std::nan(""), {}}).contains(QStringLiteral("595 x 842 pts")));
+    EXPECT_TRUE(info({}, a4).contains(u"595 x 842 pts (A4)"_s));
+    EXPECT_TRUE(info({}, {0, orientation::landscape, 16838, 11906, {}}).contains(u"842 x 595 pts"_s));
+    EXPECT_TRUE(info({}, {0, 1, 0, std::nan(""), {}}).contains(u"595 x 842 pts"_s));
 }
 
 TEST(PdfFile, WhollyOrNotAtAll) {
     QTemporaryDir directory;
-    const QString path = directory.filePath(QStringLiteral("lista.pdf"));
-    const QString earlier = directory.filePath(QStringLiteral("régi.pdf"));
+    const QString path = directory.filePath(u"lista.pdf"_s);
+    const QString earlier = directory.filePath(u"régi.pdf"_s);
     ASSERT_EQ(faultOf(earlier), 0);
     const QByteArray before = bytesOf(earlier);
     const QStringList files = QDir(directory.path()).entryList(QDir::Files);
 
     EXPECT_EQ(faultOf(directory.path()), fault::pathAccess);
-    EXPECT_EQ(faultOf(directory.filePath(QStringLiteral("nincs/a.pdf"))), fault::pathNotFound);
-    EXPECT_EQ(faultOf(earlier + QStringLiteral("/a.pdf")), fault::pathNotFound);
-    EXPECT_EQ(faultOf(QStringLiteral("/dev/null")), fault::pathAccess); // and it is a device still:
+    EXPECT_EQ(faultOf(directory.filePath(u"nincs/a.pdf"_s)), fault::pathNotFound);
+    EXPECT_EQ(faultOf(earlier + u"/a.pdf"_s), fault::pathNotFound);
+    EXPECT_EQ(faultOf(u"/dev/null"_s), fault::pathAccess); // and it is a device still:
     struct stat device {};
     ASSERT_EQ(stat("/dev/null", &device), 0);
     EXPECT_TRUE(S_ISCHR(device.st_mode));
@@ -279,7 +278,7 @@ TEST(PagePainter, RunsLookLikeTheirCharacters) {
                 page.rule(far, 100, 100, 100, 0);
                 page.box(100, 100, far, 100, 0, far, 0);
             }
-            page.text(Line(meter, QStringLiteral("\t \n\r") + QChar(0x200D), 200, 200).run);
+            page.text(Line(meter, u"\t \n\r"_s + QChar(0x200D), 200, 200).run);
         });
         EXPECT_EQ(other, empty);
     }
@@ -287,7 +286,7 @@ TEST(PagePainter, RunsLookLikeTheirCharacters) {
 
 TEST(PagePainter, UnderlineRunsFromEndToEnd) {
     FontMeter meter;
-    Line run(meter, QStringLiteral("a b"), 200, 200, 300);
+    Line run(meter, u"a b"_s, 200, 200, 300);
     QImage plain(1000, 500, QImage::Format_RGB32);
     plain.fill(Qt::white);
     QImage underlined = plain;
@@ -311,10 +310,10 @@ TEST(PagePainter, UnderlineRunsFromEndToEnd) {
 
 TEST(PageSpool, PlaysWhatItWasTold) {
     FontMeter meter;
-    RecordingPrinters printers({standPrinter(QStringLiteral("Irodai nyomtató"))});
+    RecordingPrinters printers({standPrinter(u"Irodai nyomtató"_s)});
     PageSpool spool;
     RecordingPage straight;
-    const QString odd = QStringLiteral("ő😀é漢x") + QChar(0xDC00) + QChar(0xD83D) + QStringLiteral("😀😀.");
+    const QString odd = u"ő😀é漢x"_s + QChar(0xDC00) + QChar(0xD83D) + u"😀😀."_s;
     Line natural(meter, odd, 100.1, 200), stretched(meter, odd, 100.1, 500, 0.7);
     stretched.run.underline = true;
     stretched.run.color = -5;

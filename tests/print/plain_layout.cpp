@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test::plain {
 
 namespace {
@@ -28,7 +30,7 @@ State baseState(const Item& item) {
 }
 
 double number(const QString& text) {
-    static const QRegularExpression leading(QStringLiteral("^ *([+-]?[0-9]*(\\.[0-9]*)?)"));
+    static const QRegularExpression leading(u"^ *([+-]?[0-9]*(\\.[0-9]*)?)"_s);
     return leading.match(text).captured(1).toDouble();
 }
 
@@ -37,9 +39,9 @@ QString valueOf(const QString& body) {
     if (equals < 0) return {};
     QString value = body.mid(equals + 1);
     if (!value.startsWith(u'#')) return value;
-    static const QRegularExpression hex(QStringLiteral("^#([0-9A-F]{2})([0-9A-F]{2})([0-9A-F]{2})$"));
+    static const QRegularExpression hex(u"^#([0-9A-F]{2})([0-9A-F]{2})([0-9A-F]{2})$"_s);
     const auto match = hex.match(value.toUpper());
-    if (!match.hasMatch()) return QStringLiteral("0");
+    if (!match.hasMatch()) return u"0"_s;
     const auto part = [&](int which) { return match.captured(which).toLong(nullptr, 16); };
     return QString::number(part(1) + 256 * part(2) + 65536 * part(3));
 }
@@ -59,7 +61,7 @@ Tag tagAt(const QString& text, qsizetype at) {
     const QString body = written.toUpper();
     if (written.size() < 3 || body.startsWith(u'/')) {
         static const QStringList known =
-            QStringLiteral("B U I /B /U /I /FONT /COLOR /SIZE /ALIGN /LINDENT /RINDENT").split(u' ');
+            u"B U I /B /U /I /FONT /COLOR /SIZE /ALIGN /LINDENT /RINDENT"_s.split(u' ');
         if (!known.contains(body)) return {};
     }
     return {close + 1, body, valueOf(written)};
@@ -94,7 +96,7 @@ bool act(const Tag& tag, const Item& item, const PaperSize& paper, State& state)
     else if (body.startsWith(u"SIZE="))
         state.font.size = static_cast<float>(number(tag.value));
     else if (body.startsWith(u"ALIGN=")) {
-        static const QStringList words = QStringLiteral("LEFT CENTRE RIGHT JUSTIFY CENTER").split(u' ');
+        static const QStringList words = u"LEFT CENTRE RIGHT JUSTIFY CENTER"_s.split(u' ');
         const auto word = words.indexOf(tag.value.toUpper());
         if (word >= 0) state.alignment = word == 4 ? 1 : static_cast<long>(word);
     } else if (body.startsWith(u"LINDENT=")) {
@@ -238,9 +240,9 @@ void Document::getSize(Item& item, const QString& text) const {
 
 QString Document::parsed(const QString& text, int page) const {
     QString result = text;
-    result.replace(QStringLiteral("#pagenumber#"), QString::number(page));
-    result.replace(QStringLiteral("#pagetotal#"), QString::number(m_pages));
-    result.replace(QStringLiteral("#appname#"), appName);
+    result.replace(u"#pagenumber#"_s, QString::number(page));
+    result.replace(u"#pagetotal#"_s, QString::number(m_pages));
+    result.replace(u"#appname#"_s, appName);
     return result;
 }
 

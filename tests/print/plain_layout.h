@@ -8,10 +8,12 @@
 
 namespace vandrel::test::plain {
 
+using namespace Qt::StringLiterals;
+
 // A block of text; lengths in twips, but the values of its tags in scaleMode.
 struct Item {
     QString text;
-    QString fontName = QStringLiteral("Arial");
+    QString fontName = u"Arial"_s;
     float fontSize = 10;
     bool bold = false, italic = false, underlined = false;
     long color = 0;

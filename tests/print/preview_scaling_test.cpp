@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 namespace {
@@ -86,8 +88,8 @@ TEST(PreviewScaling, TypedZooms) {
          {u"201", u"200,01", u"0", u"0,0 %", u"", u" ", u"%", u"abc", u"-50", u"1e2", u"12 0", u"100 %%",
           u"Teljes oldal", u"99999999999999999999", u"nan", u"\u0661\u0662"})
         EXPECT_EQ(preview::readZoom(typed), std::nullopt) << QString::fromUtf16(typed).toStdString();
-    EXPECT_EQ(preview::zoomText(120), QStringLiteral("120 %"));
-    EXPECT_EQ(preview::zoomText(33.3F), QStringLiteral("33,3 %"));
+    EXPECT_EQ(preview::zoomText(120), u"120 %"_s);
+    EXPECT_EQ(preview::zoomText(33.3F), u"33,3 %"_s);
 }
 
 TEST(PageRanges, WhatTheOptionsMean) {
@@ -112,22 +114,19 @@ TEST(PageRanges, WhatTheOptionsMean) {
     EXPECT_EQ(offeredRange(PageChoice::current, 5, 12), (PageRange{5, 5}));
     EXPECT_EQ(offeredRange(PageChoice::range, 5, 12), (PageRange{1, 12}));
     EXPECT_EQ(typedCopies(QString()), 0);
-    EXPECT_EQ(typedCopies(QStringLiteral("3")), 3);
+    EXPECT_EQ(typedCopies(u"3"_s), 3);
 }
 
 TEST(SaveNames, AreTakenByEveryFileSystem) {
-    const auto pdf = [](const QString& title) { return suggestedFileName(title, QStringLiteral("pdf")); };
-    EXPECT_EQ(pdf(QStringLiteral("Betegforgalmi napló")), QStringLiteral("Betegforgalmi napló.pdf"));
-    EXPECT_EQ(pdf(QStringLiteral("2008.03. / \"őszi\"\n<lista>")),
-              QStringLiteral("2008.03. _ _őszi_ _lista_.pdf"));
-    EXPECT_EQ(pdf(QStringLiteral("../titok.")), QStringLiteral("_titok.pdf"));
-    for (const QString& empty : {QString(), QStringLiteral(" . "), QStringLiteral("///")})
-        EXPECT_EQ(pdf(empty), QStringLiteral("dokumentum.pdf")) << empty.toStdString();
+    const auto pdf = [](const QString& title) { return suggestedFileName(title, u"pdf"_s); };
+    EXPECT_EQ(pdf(u"Betegforgalmi napló"_s), u"Betegforgalmi napló.pdf"_s);
+    EXPECT_EQ(pdf(u"2008.03. / \"őszi\"\n<lista>"_s), u"2008.03. _ _őszi_ _lista_.pdf"_s);
+    EXPECT_EQ(pdf(u"../titok."_s), u"_titok.pdf"_s);
+    for (const QString& empty : {QString(), u" . "_s, u"///"_s})
+        EXPECT_EQ(pdf(empty), u"dokumentum.pdf"_s) << empty.toStdString();
     EXPECT_LT(pdf(QString(10'000, QChar(0x96EA))).toUtf8().size(), 256);
-    EXPECT_EQ(withEnding(QStringLiteral("/a/Lista 2008.03"), QStringLiteral("pdf")),
-              QStringLiteral("/a/Lista 2008.03.pdf"));
-    EXPECT_EQ(withEnding(QStringLiteral("/a/Lista.PDF"), QStringLiteral("pdf")),
-              QStringLiteral("/a/Lista.PDF"));
+    EXPECT_EQ(withEnding(u"/a/Lista 2008.03"_s, u"pdf"_s), u"/a/Lista 2008.03.pdf"_s);
+    EXPECT_EQ(withEnding(u"/a/Lista.PDF"_s, u"pdf"_s), u"/a/Lista.PDF"_s);
 }
 
 } // namespace vandrel::test

@@ -9,6 +9,8 @@
 
 #include <QElapsedTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 namespace {
@@ -20,7 +22,7 @@ struct TextItemTest : testing::Test {
     qcTextItem item(const QString& text) {
         qcTextItem made(stand.engine);
         made.setScaleMode(1);
-        made.setFontName(QStringLiteral("Arial"));
+        made.setFontName(u"Arial"_s);
         made.setFontSize(10);
         made.setText(text);
         return made;
@@ -137,7 +139,8 @@ TEST_F(TextItemTest, ValuesOfTagsAndFields) {
                 {"COLOR=#", "0"},
                 {"FONT=#ABCDEF", "15715755"}};
     for (const auto& tag : tags)
-        EXPECT_EQ(qcTextItem::GetTagValue(QString::fromLatin1(tag.tag)), QLatin1String(tag.value)) << tag.tag;
+        EXPECT_EQ(qcTextItem::GetTagValue(QString::fromLatin1(tag.tag)), QLatin1StringView(tag.value))
+            << tag.tag;
 
     qcTextItem head = item("#pagenumber#/#pagetotal# #longdate# #shortdate# #longtime# #shorttime# #appname# "
                            "#PageNumber# #date# #pagenumber#");

@@ -136,7 +136,7 @@ TEST_F(OriginalReport, EveryByteOfTheReportTheNoteAndTheArchive) {
     EXPECT_EQ(outcome.sheets, 6);
     EXPECT_EQ(outcome.records, 9);
     EXPECT_EQ(outcome.procedures, 34);
-    EXPECT_EQ(recorder.calls.join(QLatin1Char('|')),
+    EXPECT_EQ(recorder.calls.join('|'_L1),
               u"started|selected 6|Előkészítés: 6/6|records 9|procedures 34|Kiírás: 9/9"_s);
 
     const QByteArray golden = fileBytes(QStringLiteral(VANDREL_GOLDEN_DIR "/original.amb"));
@@ -148,7 +148,7 @@ TEST_F(OriginalReport, EveryByteOfTheReportTheNoteAndTheArchive) {
     EXPECT_EQ(fileBytes(test.path(u"kuldo.txt"_s)).toStdString(),
               fileBytes(QStringLiteral(VANDREL_GOLDEN_DIR "/kuldo.txt")).toStdString());
     EXPECT_EQ(fileBytes(target(u"kuldo.txt"_s)), fileBytes(QStringLiteral(VANDREL_GOLDEN_DIR "/kuldo.txt")));
-    EXPECT_EQ(QDir(target({})).entryList(QDir::Files, QDir::Name).join(QLatin1Char(' ')),
+    EXPECT_EQ(QDir(target({})).entryList(QDir::Files, QDir::Name).join(' '_L1),
               u"N123.id id.txt kuldo.txt tetN123.arj"_s);
     EXPECT_EQ(QFileInfo(target(u"N123.id"_s)).size(), 0);
 
@@ -158,11 +158,11 @@ TEST_F(OriginalReport, EveryByteOfTheReportTheNoteAndTheArchive) {
     arj.setWorkingDirectory(unpacked.path());
     arj.start(u"arj"_s, {u"x"_s, u"-y"_s, target(u"tetN123.arj"_s)});
     ASSERT_TRUE(arj.waitForFinished());
-    EXPECT_EQ(QDir(unpacked.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join(QLatin1Char(' ')),
+    EXPECT_EQ(QDir(unpacked.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join(' '_L1),
               u"tetN123.amb"_s);
     EXPECT_EQ(fileBytes(unpacked.filePath(u"tetN123.amb"_s)), golden);
 
-    EXPECT_EQ(notes.shown.join(QLatin1Char('|')),
+    EXPECT_EQ(notes.shown.join('|'_L1),
               u"Adatbázis tömörítése...|0|Adatbázis tömörítése kész, a jelentés elkészült!\n"
               "Kérem várjon, amíg a felbukkanó ablak automatikusan bezáródik!|1"_s);
     // The sheet without lines is marked as well.
@@ -216,7 +216,7 @@ TEST_F(OriginalReport, TheHundredAndFirstLineBreaksTheSelection) {
     addPlain(2, 100);
     addPlain(3, 101);
     addPlain(4);
-    test.dialogue.expect(selectionBroke + QLatin1Char('9'));
+    test.dialogue.expect(selectionBroke + '9'_L1);
     EXPECT_EQ(run().result, Result::broken);
     EXPECT_EQ(marked(), u"1 2"_s);
     EXPECT_EQ(firstText(test.workstation.files[DataFile::tetseged], "select count(*) from Leval_er"),

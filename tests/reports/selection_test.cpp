@@ -25,8 +25,8 @@ TEST(ReportPeriod, Defaults) {
     };
     for (const auto& expected : cases) {
         const ReportPeriods periods = defaultPeriods(QString::fromLatin1(expected.mode), expected.today);
-        EXPECT_EQ(periods.period, QLatin1String(expected.period)) << expected.mode;
-        EXPECT_EQ(periods.settlement, QLatin1String(expected.settlement)) << expected.mode;
+        EXPECT_EQ(periods.period, QLatin1StringView(expected.period)) << expected.mode;
+        EXPECT_EQ(periods.settlement, QLatin1StringView(expected.settlement)) << expected.mode;
     }
 }
 
@@ -55,7 +55,7 @@ QString due(TestWorkstation& test, Selection selection, const char* from, const 
     for (const qint64 sheet :
          dueSheets(test.workstation, selection, QString::fromUtf8(from), QString::fromUtf8(to), turn))
         keys << QString::number(sheet);
-    return keys.join(QLatin1Char(' '));
+    return keys.join(' '_L1);
 }
 
 } // namespace
@@ -166,7 +166,7 @@ TEST(WriteBack, EachOptionClearsItsOwnMarks) {
         EXPECT_EQ(writeBackMarks(test.workstation, march, march, expected.option, {}).sheets,
                   expected.sheets);
         EXPECT_EQ(firstText(test.data(), "select group_concat(FLOPPY || FLOPPY2, ' ') from BETEG"),
-                  QLatin1String(expected.left));
+                  QLatin1StringView(expected.left));
         EXPECT_EQ(firstText(test.data(), "select group_concat(JAV, '') from BETEG"), u"01000"_s);
     }
 }

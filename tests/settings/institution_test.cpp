@@ -59,21 +59,19 @@ TEST(InstitutionFields, ChecksInOrder) {
         SCOPED_TRACE(step.field);
         fields.*step.member = QString::fromUtf8(step.value);
         const InstitutionFault fault = checkInstitutionFields(fields);
-        EXPECT_EQ(fault.field, QLatin1String(step.field));
+        EXPECT_EQ(fault.field, QLatin1StringView(step.field));
         EXPECT_EQ(fault.status, QString::fromUtf8(step.status));
         EXPECT_EQ(fault.box, QString::fromUtf8(step.box));
     }
 }
 
 TEST(InstitutionFields, LoginThatSetupIniWouldChangeIsRefused) {
-    const QString longest(39, QLatin1Char('a'));
+    const QString longest(39, 'a'_L1);
     const struct {
         QString login;
         bool kept;
-    } cases[] = {{longest, true},         {longest + QLatin1Char('a'), false},
-                 {u"\"a\""_s, false},     {u"'"_s, true},
-                 {u"a "_s, false},        {u"жук"_s, false},
-                 {u"a\n[VENY]"_s, false}, {QString(), true}};
+    } cases[] = {{longest, true},  {longest + 'a'_L1, false}, {u"\"a\""_s, false},     {u"'"_s, true},
+                 {u"a "_s, false}, {u"жук"_s, false},         {u"a\n[VENY]"_s, false}, {QString(), true}};
     for (const auto& entry : cases) {
         SCOPED_TRACE(entry.login.toStdString());
         TestWorkstation test;

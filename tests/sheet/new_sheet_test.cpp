@@ -100,7 +100,7 @@ TEST(MendCounters, MovesBehindTheSheetsThatWereStored) {
         "insert into [DEFAULT] values ('010000001','11111',10,77), ('010000002','22222',20,0);"
         "insert into BETEG (AZONOSITO,SZAKREND,ORVKOD,NAPLO) values ('ABC0000006','010000001',' ','11'), "
         "('ABC0000007','010000003','33333','1'), ('ABC0000009','010000002','99999','99');");
-    mendCounters(station.workstation);
+    repairCounters(station.workstation);
     EXPECT_EQ(firstText(station.data(), "select END_AZON||Tp_naplo from AZONOSIT"), u"ABC00000079"_s);
     EXPECT_EQ(firstText(station.data(),
                         "select group_concat(SZAKREND||','||ORVKOD||','||NAPLO||','||TN,'; ') "
@@ -108,7 +108,7 @@ TEST(MendCounters, MovesBehindTheSheetsThatWereStored) {
               u"010000001,11111,11,77; 010000002,22222,20,0; 010000003,33333,1,0"_s);
     // With nothing lost, not a byte of the file changes.
     const QByteArray before = fileBytes(station.path(u"tetdata.mdb"_s));
-    mendCounters(station.workstation);
+    repairCounters(station.workstation);
     EXPECT_EQ(fileBytes(station.path(u"tetdata.mdb"_s)), before);
 }
 
@@ -116,7 +116,7 @@ TEST(MendCounters, WithoutALabelTheNumberComesRound) {
     TestWorkstation station;
     station.data().executeScript("update AZONOSIT set END_AZON='0010000';"
                                  "insert into BETEG (AZONOSITO) values ('0000001'), ('0000002');");
-    mendCounters(station.workstation);
+    repairCounters(station.workstation);
     EXPECT_EQ(firstText(station.data(), "select END_AZON from AZONOSIT"), u"0010000"_s);
 }
 

@@ -14,6 +14,8 @@
 
 namespace vandrel::test {
 
+using namespace Qt::StringLiterals;
+
 // Twips at 10 points: a character is 100 wide, i and l 50, m and W 150, a wide far letter (an ideograph, a
 // pair) 200; bold adds a fifth, a font whose name begins with "Courier" makes all alike 120. A line is 240
 // high, its base line 180 below its top. All of it grows with the size; italic changes nothing.
@@ -27,7 +29,7 @@ class FixedMeter : public TextMeter {
       protected:
         double measure(char32_t character) const override {
             double width = 100;
-            if (choice().name.startsWith(QLatin1String("Courier"), Qt::CaseInsensitive))
+            if (choice().name.startsWith("Courier"_L1, Qt::CaseInsensitive))
                 width = 120;
             else if (character == U'i' || character == U'l')
                 width = 50;
@@ -122,9 +124,9 @@ class RecordingPage : public PageTarget {
         QStringList all;
         QString open;
         const auto close = [&](const Text& first) {
-            while (open.endsWith(QLatin1Char(' ')))
+            while (open.endsWith(' '_L1))
                 open.chop(1);
-            if (!open.isEmpty()) all << QStringLiteral("%1,%2 %3").arg(first.x()).arg(first.y).arg(open);
+            if (!open.isEmpty()) all << u"%1,%2 %3"_s.arg(first.x()).arg(first.y).arg(open);
             open.clear();
         };
         const Text* first = nullptr;
@@ -186,8 +188,7 @@ class RecordingPrinters : public PrintService {
     }
     std::unique_ptr<PrintJob> begin(const PrintJobSetup& setup) override {
         const StandPrinter* printer = find(setup.printer);
-        if (!printer || printer->vanished)
-            throw Fault(fault::noPrinter, QStringLiteral("A nyomtató nem érhető el."));
+        if (!printer || printer->vanished) throw Fault(fault::noPrinter, u"A nyomtató nem érhető el."_s);
         if (printer->givenUp) return nullptr;
         jobs.push_back(std::make_shared<Job>());
         jobs.back()->setup = setup;
@@ -201,7 +202,7 @@ class RecordingPrinters : public PrintService {
         PageTarget& page() override { return m_page; }
         void newPage() override {
             if (static_cast<int>(m_job->pages.size()) + 1 == m_faulty)
-                throw Fault(fault::deviceError, QStringLiteral("A nyomtató hibát jelzett."));
+                throw Fault(fault::deviceError, u"A nyomtató hibát jelzett."_s);
             m_job->pages.push_back(std::exchange(m_page, {}));
         }
         void endDoc() override {
@@ -225,16 +226,16 @@ class RecordingPrinters : public PrintService {
 };
 
 inline StandPrinter standPrinter(const QString& name, double width = 11906, double height = 16838) {
-    return {{name, QStringLiteral("LPT1:")}, {9, width, height, true, 2.4}};
+    return {{name, u"LPT1:"_s}, {9, width, height, true, 2.4}};
 }
 
 // The engine on all of it. 2008.04.03. 14:05:09.
 struct PrintStand {
-    PrintStand() : PrintStand({standPrinter(QStringLiteral("Irodai nyomtató"))}) {}
+    PrintStand() : PrintStand({standPrinter(u"Irodai nyomtató"_s)}) {}
     explicit PrintStand(std::vector<StandPrinter> all, int first = 0) : printers(std::move(all), first) {}
     // One printer with this paper, in twips.
     PrintStand(double width, double height)
-        : PrintStand({standPrinter(QStringLiteral("Irodai nyomtató"), width, height)}) {}
+        : PrintStand({standPrinter(u"Irodai nyomtató"_s, width, height)}) {}
 
     FixedMeter meter;
     RecordingPrinters printers;

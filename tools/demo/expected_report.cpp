@@ -17,11 +17,11 @@ constexpr std::size_t linesOfARecord = 6;
 const QString end = u"\r\n"_s;
 
 QString blanks(const QString& value, qsizetype width) {
-    return value.rightJustified(width, QLatin1Char(' '));
+    return value.rightJustified(width, ' '_L1);
 }
 
 QString zeros(const QString& value, qsizetype width) {
-    return value.rightJustified(width, QLatin1Char('0'));
+    return value.rightJustified(width, '0'_L1);
 }
 
 // What stands in a field at the store: typed, picked, or what a new sheet proposes.

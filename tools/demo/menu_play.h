@@ -16,7 +16,7 @@ class Stage;
 void openFromMenu(Stage& stage, Program& program, Qt::Key letter, const QStringList& path);
 // The first start: the program asks for the institution, and it is typed in.
 void playFirstStart(Stage& stage, Program& program);
-// Workstation label, surroundings, about box, and the question before the end.
+// Workstation label, environment, about box, and the question before the end.
 void playSmallScreens(Stage& stage, Program& program);
 void playExit(Stage& stage, Program& program);
 

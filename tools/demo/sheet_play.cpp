@@ -219,7 +219,7 @@ void checkStoredSheets(Stage& stage, Program& program) {
         const QString key = sheets.text(0);
         const QStringList stored = {key, sheets.text(1), sheets.text(2), sheets.text(3).trimmed(),
                                     sheets.text(4)};
-        const QStringList typed = {u"A01%1"_s.arg(number, 7, 10, QLatin1Char('0')), visit.taj, visit.date,
+        const QStringList typed = {u"A01%1"_s.arg(number, 7, 10, '0'_L1), visit.taj, visit.date,
                                    visit.diagnosis, visit.name};
         stage.check(stored == typed, u"a(z) %1. lap: %2 helyett %3 van eltárolva"_s.arg(number).arg(
                                          typed.join(u", "_s), stored.join(u", "_s)));

@@ -8,6 +8,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::demo {
 
 namespace {
@@ -27,7 +29,7 @@ void Stage::say(const QString& text) {
 
 void Stage::fail(const QString& text) {
     ++m_faults;
-    say(QStringLiteral("HIBA: ") + text);
+    say(u"HIBA: "_s + text);
 }
 
 bool Stage::check(bool holds, const QString& otherwise) {
@@ -40,10 +42,9 @@ void Stage::require(bool holds, const QString& otherwise) {
 }
 
 void Stage::picture(const QString& name, QWidget* window) {
-    require(window != nullptr && window->isVisible(), QStringLiteral("nincs ilyen ablak: ") + name);
-    const QString file = m_pictures.filePath(
-        QStringLiteral("%1-%2.png").arg(++m_pictureCount, 2, 10, QLatin1Char('0')).arg(name));
-    check(window->grab().save(file), QStringLiteral("a kép nem menthető: ") + file);
+    require(window != nullptr && window->isVisible(), u"nincs ilyen ablak: "_s + name);
+    const QString file = m_pictures.filePath(u"%1-%2.png"_s.arg(++m_pictureCount, 2, 10, '0'_L1).arg(name));
+    check(window->grab().save(file), u"a kép nem menthető: "_s + file);
 }
 
 void Stage::expectBox(const QString& begin, Qt::Key answer, const QString& pictureName) {
@@ -53,7 +54,7 @@ void Stage::expectBox(const QString& begin, Qt::Key answer, const QString& pictu
 void Stage::boxesDone() {
     settle();
     for (const Box& box : m_expected)
-        fail(QStringLiteral("nem jelent meg az üzenet: ") + box.begin);
+        fail(u"nem jelent meg az üzenet: "_s + box.begin);
     m_expected.clear();
 }
 
@@ -69,8 +70,8 @@ void Stage::look() {
     m_answered = true;
     const QString text = box->text();
     if (m_expected.empty() || !text.startsWith(m_expected.front().begin)) {
-        fail(QStringLiteral("váratlan üzenet: %1: %2").arg(box->windowTitle(), text));
-        picture(QStringLiteral("varatlan"), box);
+        fail(u"váratlan üzenet: %1: %2"_s.arg(box->windowTitle(), text));
+        picture(u"varatlan"_s, box);
         QApplication::setActiveWindow(box);
         press(Qt::Key_Escape);
         if (m_seen != nullptr && m_seen->isVisible()) m_seen->reject();
@@ -86,7 +87,7 @@ void Stage::waitFor(const QString& what, const std::function<bool()>& holds) {
     QElapsedTimer waited;
     waited.start();
     while (!holds()) {
-        if (waited.elapsed() > patience) throw Stopped(QStringLiteral("hiába vártunk erre: ") + what);
+        if (waited.elapsed() > patience) throw Stopped(u"hiába vártunk erre: "_s + what);
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
         settle();
     }

@@ -67,8 +67,8 @@ Visit visitOf(int patient, bool known, int day, const QString& diagnosis, const 
     visit.name = person.name;
     visit.taj = withCheckDigit(person.number);
     visit.known = known;
-    visit.date = u"2008.03.%1."_s.arg(day, 2, 10, QLatin1Char('0'));
-    visit.time = u"%1%2"_s.arg(8 + day % 9, 2, 10, QLatin1Char('0')).arg(10 + day);
+    visit.date = u"2008.03.%1."_s.arg(day, 2, 10, '0'_L1);
+    visit.time = u"%1%2"_s.arg(8 + day % 9, 2, 10, '0'_L1).arg(10 + day);
     visit.unit = unit;
     visit.postalCode = person.postalCode;
     visit.sex = person.sex;

@@ -15,6 +15,8 @@
 #include <string_view>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Member states whose citizens come with a European insurance form; only these have an EUKOD.
@@ -67,11 +69,10 @@ int main(int argc, char** argv) {
     if (!hungarian) return fail("is no catalogue of translations", argv[2]);
 
     std::vector<QByteArray> lines;
-    for (const QJsonValue& value :
-         QJsonDocument::fromJson(*json).object()[QLatin1String("3166-1")].toArray()) {
+    for (const QJsonValue& value : QJsonDocument::fromJson(*json).object()["3166-1"_L1].toArray()) {
         const QJsonObject country = value.toObject();
         const auto text = [&country](const char* key) {
-            return country[QLatin1String(key)].toString().toUtf8();
+            return country[QLatin1StringView(key)].toString().toUtf8();
         };
         // The everyday name where there is one and it is translated ("Bolívia"), else the listed one.
         QByteArray name = hungarian->value(text("common_name"));

@@ -8,6 +8,8 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -16,7 +18,7 @@ QStringList allNames() {
     QStringList names;
     for (const catalogue::File& file : catalogue::files())
         names << catalogue::fileName(file.file);
-    names << QStringLiteral("setup.ini");
+    names << u"setup.ini"_s;
     return names;
 }
 
@@ -24,7 +26,7 @@ QStringList allNames() {
 
 FolderOutcome completeProgramFolder(const QString& folder, bool sample) {
     if (!QDir().mkpath(folder))
-        throw Fault(fault::pathAccess, QStringLiteral("A mappa nem hozható létre: %1").arg(folder));
+        throw Fault(fault::pathAccess, u"A mappa nem hozható létre: %1"_s.arg(folder));
     const QDir target(folder);
     FolderOutcome outcome;
     QStringList missing;
@@ -35,9 +37,8 @@ FolderOutcome completeProgramFolder(const QString& folder, bool sample) {
     }
     if (missing.isEmpty()) return outcome;
 
-    QTemporaryDir workshop(target.filePath(QStringLiteral("uj-XXXXXX")));
-    if (!workshop.isValid())
-        throw Fault(fault::pathAccess, QStringLiteral("A mappa nem írható: %1").arg(folder));
+    QTemporaryDir workshop(target.filePath(u"uj-XXXXXX"_s));
+    if (!workshop.isValid()) throw Fault(fault::pathAccess, u"A mappa nem írható: %1"_s.arg(folder));
     createProgramFolder(workshop.path());
     if (sample) {
         DataFiles files(workshop.path());

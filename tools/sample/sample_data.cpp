@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 static void initialiseResources() { // outside every namespace, as the resource macro wants it
     Q_INIT_RESOURCE(sample);
 }
@@ -36,21 +38,21 @@ std::vector<QStringList> readTable(const QString& path) {
 }
 
 void fill(Database& database, const Dictionary& dictionary) {
-    const std::vector<QStringList> lines =
-        readTable(QStringLiteral(":/sample/") + QLatin1String(dictionary.resource));
+    const std::vector<QStringList> lines = readTable(u":/sample/"_s + QLatin1StringView(dictionary.resource));
     const QStringList& columns = lines.front();
     QStringList places;
     for (int i = 1; i <= columns.size(); ++i)
-        places << QStringLiteral("?%1").arg(i);
-    const std::string sql = QStringLiteral("insert into %1 (%2) values (%3)")
-                                .arg(QLatin1String(dictionary.table), columns.join(u','), places.join(u','))
-                                .toStdString();
+        places << u"?%1"_s.arg(i);
+    const std::string sql =
+        u"insert into %1 (%2) values (%3)"_s
+            .arg(QLatin1StringView(dictionary.table), columns.join(u','), places.join(u','))
+            .toStdString();
     for (std::size_t row = 1; row < lines.size(); ++row) {
         if (lines[row].size() != columns.size())
-            throw Fault(fault::subscript, QLatin1String(dictionary.resource));
+            throw Fault(fault::subscript, QLatin1StringView(dictionary.resource));
         Query insert = database.query(sql);
         for (int i = 0; i < columns.size(); ++i) // an empty text is stored as one blank, as the forms do it
-            insert.bind(i + 1, lines[row][i].isEmpty() ? QStringLiteral(" ") : lines[row][i]);
+            insert.bind(i + 1, lines[row][i].isEmpty() ? u" "_s : lines[row][i]);
         insert.run();
     }
 }

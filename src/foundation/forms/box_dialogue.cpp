@@ -6,6 +6,8 @@
 #include <QPushButton>
 #include <QShortcut>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -42,19 +44,19 @@ void holdTitle(QMessageBox& box) {
 
 Answer BoxDialogue::show(const Message& message) {
     QMessageBox box(QApplication::activeWindow());
-    box.setObjectName(QStringLiteral("uzenet"));
+    box.setObjectName(u"uzenet"_s);
     box.setWindowTitle(message.title);
     box.setTextFormat(Qt::PlainText); // data in a message is never mark-up
     box.setText(message.text);
     box.setIcon(boxIcon(message.icon));
     if (message.buttons == Buttons::ok) {
-        box.addButton(QStringLiteral("Rendben"), QMessageBox::AcceptRole);
+        box.addButton(u"Rendben"_s, QMessageBox::AcceptRole);
         holdTitle(box);
         box.exec();
         return Answer::ok;
     }
-    QPushButton* yes = box.addButton(QStringLiteral("&Igen"), QMessageBox::YesRole);
-    QPushButton* no = box.addButton(QStringLiteral("&Nem"), QMessageBox::NoRole);
+    QPushButton* yes = box.addButton(u"&Igen"_s, QMessageBox::YesRole);
+    QPushButton* no = box.addButton(u"&Nem"_s, QMessageBox::NoRole);
     box.setDefaultButton(yes);
     box.setEscapeButton(no);
     holdTitle(box);

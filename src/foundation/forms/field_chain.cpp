@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -27,7 +29,7 @@ bool isEnter(int key) {
 }
 
 bool numericLetter(QChar c) {
-    return (c >= QLatin1Char('0') && c <= QLatin1Char('9')) || c == QLatin1Char(',');
+    return (c >= '0'_L1 && c <= '9'_L1) || c == ','_L1;
 }
 
 bool passesNumeric(const QKeyEvent& event) {

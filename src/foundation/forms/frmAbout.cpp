@@ -9,35 +9,37 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 frmAbout::frmAbout(Workstation& station, QWidget* opener) : WorkForm(station, opener) {
-    setObjectName(QStringLiteral("frmAbout"));
-    setWindowTitle(QStringLiteral("Névjegy"));
+    setObjectName(u"frmAbout"_s);
+    setWindowTitle(u"Névjegy"_s);
 
-    auto* name = new QLabel(QStringLiteral("Vandrel Járóbeteg program"));
+    auto* name = new QLabel(u"Vandrel Járóbeteg program"_s);
     QFont large = name->font();
     large.setPointSizeF(large.pointSizeF() * 1.6);
     large.setBold(true);
     name->setFont(large);
-    auto* version = new QLabel(QStringLiteral("v2.25"));
-    version->setObjectName(QStringLiteral("verzio"));
-    auto* purpose = new QLabel(QStringLiteral("Járóbeteg-ellátás adatlapjai és havi jelentései"));
+    auto* version = new QLabel(u"v2.25"_s);
+    version->setObjectName(u"verzio"_s);
+    auto* purpose = new QLabel(u"Járóbeteg-ellátás adatlapjai és havi jelentései"_s);
 
     m_machine = new QPlainTextEdit;
-    m_machine->setObjectName(QStringLiteral("rendszerinformacio"));
-    m_machine->setAccessibleName(QStringLiteral("Rendszerinformáció"));
+    m_machine->setObjectName(u"rendszerinformacio"_s);
+    m_machine->setAccessibleName(u"Rendszerinformáció"_s);
     m_machine->setReadOnly(true);
     m_machine->setTabChangesFocus(true);
     m_machine->setMinimumSize(560, 230);
     m_machine->hide();
 
-    auto* info = new QPushButton(QStringLiteral("&Rendszerinformáció"));
-    info->setObjectName(QStringLiteral("cmdSysInfo"));
-    info->setAccessibleName(QStringLiteral("Rendszerinformáció"));
+    auto* info = new QPushButton(u"&Rendszerinformáció"_s);
+    info->setObjectName(u"cmdSysInfo"_s);
+    info->setAccessibleName(u"Rendszerinformáció"_s);
     info->setMinimumWidth(180);
-    auto* good = new QPushButton(QStringLiteral("Rendben"));
-    good->setObjectName(QStringLiteral("cmdOK"));
+    auto* good = new QPushButton(u"Rendben"_s);
+    good->setObjectName(u"cmdOK"_s);
     good->setAccessibleName(good->text());
     connect(info, &QPushButton::clicked, this, &frmAbout::showMachine);
     connect(good, &QPushButton::clicked, this, &frmAbout::close);
@@ -62,8 +64,8 @@ frmAbout::frmAbout(Workstation& station, QWidget* opener) : WorkForm(station, op
 void frmAbout::showMachine() {
     QStringList lines;
     for (const auto& [name, value] : machineInfo(station().folder))
-        lines << name + QStringLiteral(": ") + value;
-    m_machine->setPlainText(lines.join(QLatin1Char('\n')));
+        lines << name + u": "_s + value;
+    m_machine->setPlainText(lines.join('\n'_L1));
     m_machine->show();
     layout()->activate();
     resize(sizeHint()); // adjustSize() would stop at two thirds of a small screen

@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -101,13 +103,12 @@ void MainPicture::paintEvent(QPaintEvent*) {
     font.setPixelSize(40);
     font.setBold(true);
     painter.setFont(font);
-    painter.drawText(QRectF(120, 58, width() - 140, 50), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("Vandrel"));
+    painter.drawText(QRectF(120, 58, width() - 140, 50), Qt::AlignLeft | Qt::AlignVCenter, u"Vandrel"_s);
     font.setPixelSize(20);
     font.setBold(false);
     painter.setFont(font);
     painter.drawText(QRectF(121, 106, width() - 140, 34), Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("Járóbeteg program"));
+                     u"Járóbeteg program"_s);
 }
 
 TextLink::TextLink(const QString& text, QWidget* parent) : QPushButton(text, parent) {
@@ -119,13 +120,11 @@ TextLink::TextLink(const QString& text, QWidget* parent) : QPushButton(text, par
 
 void TextLink::setLit(bool lit) {
     const QColor colour = lit ? linkLit : linkWhite;
-    setStyleSheet(
-        QStringLiteral("QPushButton { color: %1; background: transparent; border: 1px solid "
-                       "transparent; padding: 4px 8px; font-size: 15px; text-decoration: underline; }"
-                       "QPushButton:focus { border-color: white; }"
-                       "QPushButton:disabled { color: rgba(255, 255, 255, 110); text-decoration: "
-                       "none; }")
-            .arg(colour.name()));
+    setStyleSheet(u"QPushButton { color: %1; background: transparent; border: 1px solid "
+                  "transparent; padding: 4px 8px; font-size: 15px; text-decoration: underline; }"
+                  "QPushButton:focus { border-color: white; }"
+                  "QPushButton:disabled { color: rgba(255, 255, 255, 110); text-decoration: "
+                  "none; }"_s.arg(colour.name()));
 }
 
 void TextLink::enterEvent(QEnterEvent* event) {
@@ -149,10 +148,10 @@ QIcon toolIcon(int index) {
         drawPencil(painter);
         break;
     case 3:
-        drawFloppy(painter, QColor(70, 130, 160), QLatin1Char('E'));
+        drawFloppy(painter, QColor(70, 130, 160), 'E'_L1);
         break;
     case 4:
-        drawFloppy(painter, QColor(190, 120, 60), QLatin1Char('J'));
+        drawFloppy(painter, QColor(190, 120, 60), 'J'_L1);
         break;
     case 5: {
         painter.setBrush(QColor(70, 130, 160));
@@ -162,7 +161,7 @@ QIcon toolIcon(int index) {
         font.setBold(true);
         painter.setFont(font);
         painter.setPen(Qt::white);
-        painter.drawText(QRectF(4, 4, 24, 24), Qt::AlignCenter, QStringLiteral("i"));
+        painter.drawText(QRectF(4, 4, 24, 24), Qt::AlignCenter, u"i"_s);
         break;
     }
     case 6:

@@ -23,6 +23,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -51,7 +53,7 @@ bool contains(const std::array<std::string_view, Size>& names, std::string_view 
 }
 
 QString withoutAccess(const QString& caption) {
-    return QString(caption).remove(QLatin1Char('&')).trimmed();
+    return QString(caption).remove('&'_L1).trimmed();
 }
 
 QLineEdit* clockBox(const QString& name, const QString& label, int characters, QObject* filter) {
@@ -67,9 +69,9 @@ QLineEdit* clockBox(const QString& name, const QString& label, int characters, Q
 
 } // namespace
 
-tetindul::tetindul(Workstation& station, Surroundings surroundings)
-    : m_station(station), m_surroundings(std::move(surroundings)) {
-    setObjectName(QStringLiteral("tetindul"));
+tetindul::tetindul(Workstation& station, Environment environment)
+    : m_station(station), m_environment(std::move(environment)) {
+    setObjectName(u"tetindul"_s);
     setContextMenuPolicy(Qt::NoContextMenu); // the toolbar cannot be hidden
     buildMenus();
     buildToolbar();
@@ -91,7 +93,7 @@ void tetindul::buildMenus() {
             QMenu* menu = parent == nullptr ? menuBar()->addMenu(caption) : parent->addMenu(caption);
             menus[entry.name] = menu;
             action = menu->menuAction();
-            menu->setObjectName(menuText(entry.name) + QStringLiteral("_lista"));
+            menu->setObjectName(menuText(entry.name) + u"_lista"_s);
             menu->setAccessibleName(withoutAccess(caption));
         } else {
             action = parent == nullptr ? menuBar()->addAction(caption) : parent->addAction(caption);
@@ -106,8 +108,8 @@ void tetindul::buildMenus() {
 }
 
 void tetindul::buildToolbar() {
-    m_toolbar = addToolBar(QStringLiteral("Eszköztár"));
-    m_toolbar->setObjectName(QStringLiteral("Toolbar1"));
+    m_toolbar = addToolBar(u"Eszköztár"_s);
+    m_toolbar->setObjectName(u"Toolbar1"_s);
     m_toolbar->setMovable(false);
     m_toolbar->setIconSize(QSize(32, 32));
     m_toolbar->setMouseTracking(true);
@@ -116,7 +118,7 @@ void tetindul::buildToolbar() {
     for (const ToolButton& entry : toolButtons()) {
         ++index;
         auto* button = new QToolButton;
-        button->setObjectName(QStringLiteral("Toolbar1_%1").arg(index));
+        button->setObjectName(u"Toolbar1_%1"_s.arg(index));
         button->setIcon(toolIcon(index));
         button->setToolTip(menuText(entry.toolTip));
         button->setAccessibleName(menuText(entry.toolTip));
@@ -143,8 +145,8 @@ void tetindul::buildBody() {
     overPicture->setContentsMargins(16, 16, 16, 12);
     auto* clockRow = new QHBoxLayout;
     clockRow->addStretch();
-    m_date = clockBox(QStringLiteral("datum"), QStringLiteral("Dátum"), 11, this);
-    m_time = clockBox(QStringLiteral("ido"), QStringLiteral("Idő"), 5, this);
+    m_date = clockBox(u"datum"_s, u"Dátum"_s, 11, this);
+    m_time = clockBox(u"ido"_s, u"Idő"_s, 5, this);
     clockRow->addWidget(m_date);
     clockRow->addWidget(m_time);
     overPicture->addLayout(clockRow);
@@ -161,11 +163,11 @@ void tetindul::buildBody() {
     overPicture->addLayout(linkRow);
     column->addWidget(m_picture, 1);
 
-    m_warningsHead = new QLabel(QStringLiteral(" ! Első indítás utáni figyelmeztetések:"));
-    m_warningsHead->setObjectName(QStringLiteral("figyelmeztetesek_cim"));
+    m_warningsHead = new QLabel(u" ! Első indítás utáni figyelmeztetések:"_s);
+    m_warningsHead->setObjectName(u"figyelmeztetesek_cim"_s);
     m_warningsHead->setMargin(4);
     m_warnings = new QListWidget;
-    m_warnings->setObjectName(QStringLiteral("figyelmeztetesek"));
+    m_warnings->setObjectName(u"figyelmeztetesek"_s);
     m_warnings->setAccessibleName(m_warningsHead->text().trimmed());
     m_warnings->setMaximumHeight(110);
     column->addWidget(m_warningsHead);
@@ -184,7 +186,7 @@ void tetindul::setOpener(const QString& menuName, std::function<void()> opener) 
 void tetindul::load() {
     resize(windowSize);
     centreOnScreen(*this);
-    setWindowTitle(QStringLiteral("Vandrel Járóbeteg program v2.25"));
+    setWindowTitle(u"Vandrel Járóbeteg program v2.25"_s);
     m_oldFormat = !VerzioEllenorzesek(m_station);
     refreshStates();
 }
@@ -228,7 +230,7 @@ void tetindul::trigger(std::string_view entry) {
         found->second();
     } catch (const Fault& fault) {
         // Told here and not left to the event loop: a fault must not pass through the menu's own code.
-        m_station.dialogue.tell(fault.text(), QStringLiteral("Hiba"));
+        m_station.dialogue.tell(fault.text(), u"Hiba"_s);
         // A form that did not come up cannot hand the window back.
         const QWidgetList windows = QApplication::topLevelWidgets();
         const bool formStands = std::ranges::any_of(windows, [](const QWidget* window) {
@@ -239,7 +241,7 @@ void tetindul::trigger(std::string_view entry) {
 }
 
 void tetindul::leave() {
-    if (!m_station.dialogue.ask(QStringLiteral("Valóban ki akar lépni?"), QStringLiteral("Kilép"))) return;
+    if (!m_station.dialogue.ask(u"Valóban ki akar lépni?"_s, u"Kilép"_s)) return;
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget* window : windows)
         if (qobject_cast<WorkForm*>(window) != nullptr && window->isVisible()) window->close();
@@ -251,7 +253,7 @@ void tetindul::closeEvent(QCloseEvent* event) {
     event->accept();
     if (m_ended) return;
     m_ended = true;
-    m_surroundings.endProgram();
+    m_environment.endProgram();
 }
 
 // --- activation
@@ -298,15 +300,14 @@ void tetindul::activated() {
     if (m_activating || m_ended) return;
     const QScopedValueRollback<bool> guard(m_activating, true);
     readAttunes(m_station);
-    if (!m_surroundings.seeThrough(*this, m_station.Attunes)) {
+    if (!m_environment.seeThrough(*this, m_station.Attunes)) {
         m_station.Attunes = false;
         clearAttunes(m_station);
     }
     showClock();
-    if (m_surroundings.otherInstanceRuns()) {
+    if (m_environment.otherInstanceRuns()) {
         // Both answers end the program, and that is wanted.
-        m_station.dialogue.ask(QStringLiteral("A program már fut egy példányban!"),
-                               QStringLiteral("Figyelmeztetés"), Icon::critical);
+        m_station.dialogue.ask(u"A program már fut egy példányban!"_s, u"Figyelmeztetés"_s, Icon::critical);
         close();
         return;
     }

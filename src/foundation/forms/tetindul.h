@@ -29,14 +29,14 @@ class tetindul : public QMainWindow {
 
   public:
     // What the window asks of the process it runs in; the tests give answers of their own.
-    struct Surroundings {
+    struct Environment {
         std::function<bool()> otherInstanceRuns;
         std::function<void()> endProgram; // ends the program at once
         // False when the window cannot be made see-through or solid.
         std::function<bool(QWidget&, bool)> seeThrough;
     };
 
-    tetindul(Workstation& station, Surroundings surroundings);
+    tetindul(Workstation& station, Environment environment);
 
     // Tells what a menu entry opens. An entry without an opener is there, but disabled, and with it the
     // toolbar buttons and links that act as it. kil needs none.
@@ -66,7 +66,7 @@ class tetindul : public QMainWindow {
     void refreshStates();
 
     Workstation& m_station;
-    Surroundings m_surroundings;
+    Environment m_environment;
     std::map<std::string_view, QAction*> m_actions; // titles too: their menu's action
     std::map<std::string_view, std::function<void()>> m_openers;
     std::function<void()> m_clockOpener;

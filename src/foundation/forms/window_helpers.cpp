@@ -7,6 +7,8 @@
 #include <QStyleFactory>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -15,8 +17,7 @@ constexpr double seeThroughOpacity = 150.0 / 255.0;
 
 bool applySeeThrough(QWidget& window, bool seeThrough) {
     // The other platforms take the call, do nothing and complain on the console.
-    static const QStringList layered = {QStringLiteral("xcb"), QStringLiteral("windows"),
-                                        QStringLiteral("cocoa")};
+    static const QStringList layered = {u"xcb"_s, u"windows"_s, u"cocoa"_s};
     if (seeThrough && !layered.contains(QGuiApplication::platformName())) return false;
     if (seeThrough || window.windowOpacity() < 1.0)
         window.setWindowOpacity(seeThrough ? seeThroughOpacity : 1.0);
@@ -32,10 +33,10 @@ void centreOnScreen(QWidget& window) {
 
 void prepareApplication(QApplication& application) {
     QLocale::setDefault(QLocale(QLocale::Hungarian, QLocale::Hungary));
-    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setStyle(QStyleFactory::create(u"Fusion"_s));
     // The machine's default may be a typewriter face where few fonts are installed.
     QFont font = application.font();
-    font.setFamilies({QStringLiteral("DejaVu Sans"), QStringLiteral("Liberation Sans")});
+    font.setFamilies({u"DejaVu Sans"_s, u"Liberation Sans"_s});
     application.setFont(font);
 }
 

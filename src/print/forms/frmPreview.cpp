@@ -23,17 +23,19 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
 
 constexpr int stripHeight = 600 / 15;
-const QString printing = QStringLiteral("Nyomtatás...");
-const QString title = QStringLiteral("Nyomtatás");
+const QString printing = u"Nyomtatás..."_s;
+const QString title = u"Nyomtatás"_s;
 
 QPushButton* button(const QString& text, const char* name, const QString& key) {
     auto* result = new QPushButton(text);
-    result->setObjectName(QLatin1String(name));
+    result->setObjectName(QLatin1StringView(name));
     result->setAccessibleName(text);
     result->setToolTip(key);
     result->setAutoDefault(false);
@@ -45,8 +47,8 @@ QPushButton* button(const QString& text, const char* name, const QString& key) {
 frmPreview::frmPreview(qcPrinter& document, PreviewPorts& ports, QWidget* parent)
     : QDialog(parent), m_document(document), m_ports(ports), m_chain(new FieldChain(this)),
       m_total(document.Pages()) {
-    setObjectName(QStringLiteral("frmPreview"));
-    setWindowTitle(QStringLiteral("Nyomtatás előnézet"));
+    setObjectName(u"frmPreview"_s);
+    setWindowTitle(u"Nyomtatás előnézet"_s);
     setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
                    Qt::WindowCloseButtonHint);
     m_area = new PreviewArea([this](PageTarget& picture) { drawPage(picture); });
@@ -67,22 +69,22 @@ QWidget* frmPreview::makeStrip() {
     auto* row = new QHBoxLayout(strip);
     row->setContentsMargins(8, 4, 8, 4);
     row->setSpacing(6);
-    m_previous = button(QStringLiteral("Előző"), "Elozo", QStringLiteral("Page Up"));
-    m_next = button(QStringLiteral("Következő"), "Kovetkezo", QStringLiteral("Page Down"));
-    m_print = button(QStringLiteral("Nyomtat ..."), "Nyomtat", QStringLiteral("Ctrl+P"));
-    m_close = button(QStringLiteral("Bezár"), "Bezar", QStringLiteral("Esc"));
-    m_pdf = button(QStringLiteral("Mentés PDF-be"), "MentesPdf", QStringLiteral("Ctrl+S"));
-    m_table = button(QStringLiteral("Mentés táblázatba"), "MentesTablazat", QStringLiteral("Ctrl+T"));
+    m_previous = button(u"Előző"_s, "Elozo", u"Page Up"_s);
+    m_next = button(u"Következő"_s, "Kovetkezo", u"Page Down"_s);
+    m_print = button(u"Nyomtat ..."_s, "Nyomtat", u"Ctrl+P"_s);
+    m_close = button(u"Bezár"_s, "Bezar", u"Esc"_s);
+    m_pdf = button(u"Mentés PDF-be"_s, "MentesPdf", u"Ctrl+S"_s);
+    m_table = button(u"Mentés táblázatba"_s, "MentesTablazat", u"Ctrl+T"_s);
     m_status = new QLabel;
-    m_status->setObjectName(QStringLiteral("Oldal"));
-    m_status->setAccessibleName(QStringLiteral("Oldal:"));
+    m_status->setObjectName(u"Oldal"_s);
+    m_status->setAccessibleName(u"Oldal:"_s);
     m_status->setMinimumWidth(m_status->fontMetrics().horizontalAdvance(printing) + 4);
     m_note = new ElidedLabel;
-    m_note->setObjectName(QStringLiteral("Uzenet"));
-    m_note->setAccessibleName(QStringLiteral("Üzenet"));
+    m_note->setObjectName(u"Uzenet"_s);
+    m_note->setAccessibleName(u"Üzenet"_s);
     m_zooms = new QComboBox;
-    m_zooms->setObjectName(QStringLiteral("Nezet"));
-    m_zooms->setAccessibleName(QStringLiteral("Nézet:"));
+    m_zooms->setObjectName(u"Nezet"_s);
+    m_zooms->setAccessibleName(u"Nézet:"_s);
     m_zooms->setEditable(true);
     m_zooms->setInsertPolicy(QComboBox::NoInsert);
     m_zooms->setCompleter(nullptr);
@@ -172,7 +174,7 @@ void frmPreview::Preview_Status() {
     m_previous->setEnabled(m_page >= 2);
     m_next->setEnabled(m_page < m_total);
     m_table->setEnabled(!m_document.table().isEmpty());
-    m_status->setText(QStringLiteral("%1 / %2").arg(m_page).arg(m_total));
+    m_status->setText(u"%1 / %2"_s.arg(m_page).arg(m_total));
 }
 
 void frmPreview::zoomChosen(int entry) {
@@ -242,7 +244,7 @@ bool frmPreview::work(const std::function<bool()>& job) {
     std::optional<Fault> failed;
     try {
         PrintingWatch watch(m_document.engine(), *m_ports.dialogue, [this](int page, int total) {
-            m_note->setText(QStringLiteral("%1 / %2 oldal (Esc: megszakítás)").arg(page).arg(total));
+            m_note->setText(u"%1 / %2 oldal (Esc: megszakítás)"_s.arg(page).arg(total));
         });
         done = job();
     } catch (const Fault& fault) {
@@ -276,38 +278,35 @@ std::optional<SaveAnswer> frmPreview::askWhere(const QString& caption, const QSt
 
 void frmPreview::savePdf() {
     if (m_printing) return;
-    const auto answer = askWhere(m_pdf->text(), {QStringLiteral("PDF fájl (*.pdf)")}, QStringLiteral("pdf"));
+    const auto answer = askWhere(m_pdf->text(), {u"PDF fájl (*.pdf)"_s}, u"pdf"_s);
     if (!answer) return;
     const bool saved = work([&] {
         PdfJob job(answer->path, m_document.jobSetup());
         return m_document.PrintOnto(job, 1, m_document.Pages(), 1, true);
     });
-    if (saved) m_note->setText(QStringLiteral("Mentve: ") + QFileInfo(answer->path).fileName());
+    if (saved) m_note->setText(u"Mentve: "_s + QFileInfo(answer->path).fileName());
 }
 
 void frmPreview::saveTable() {
     if (m_printing) return;
     using Encoding = DocumentTable::Encoding;
     const auto answer = askWhere(
-        m_table->text(),
-        {QStringLiteral("Táblázat, UTF-8 (*.csv)"), QStringLiteral("Táblázat, windows-1250 (*.csv)")},
-        QStringLiteral("csv"));
+        m_table->text(), {u"Táblázat, UTF-8 (*.csv)"_s, u"Táblázat, windows-1250 (*.csv)"_s}, u"csv"_s);
     if (!answer) return;
     const DocumentTable& table = m_document.table();
     const Encoding encoding = answer->filter == 1 ? Encoding::windows1250 : Encoding::utf8;
     const qint64 lost = table.unencodable(encoding);
-    if (lost > 0 && !m_ports.dialogue->ask(
-                        QStringLiteral("A választott kódolásban %1 karakter nem írható le, helyükre kérdőjel "
-                                       "kerül. Folytatja a mentést?")
-                            .arg(lost),
-                        m_table->text(), Icon::warning))
+    if (lost > 0 &&
+        !m_ports.dialogue->ask(u"A választott kódolásban %1 karakter nem írható le, helyükre kérdőjel "
+                               "kerül. Folytatja a mentést?"_s.arg(lost),
+                               m_table->text(), Icon::warning))
         return;
     try {
         table.save(answer->path, encoding);
     } catch (const Fault& fault) {
         return tell(fault);
     }
-    m_note->setText(QStringLiteral("Mentve: ") + QFileInfo(answer->path).fileName());
+    m_note->setText(u"Mentve: "_s + QFileInfo(answer->path).fileName());
 }
 
 bool frmPreview::eventFilter(QObject* watched, QEvent* event) {

@@ -18,7 +18,7 @@ namespace vandrel {
 
 class FieldChain;
 
-// What the preview asks of its surroundings.
+// What the preview asks of its environment.
 struct PreviewPorts {
     Dialogue* dialogue = nullptr;
     // Told of faults of printing and saving; empty: they are shown in a box.

@@ -17,6 +17,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -31,7 +33,7 @@ const QPoint sheetOffset(pixel(150), pixel(210));
 
 QLineEdit* numberField(const char* name, const QString& label, int digits) {
     auto* field = new QLineEdit;
-    field->setObjectName(QLatin1String(name));
+    field->setObjectName(QLatin1StringView(name));
     field->setAccessibleName(label);
     field->setMaxLength(digits);
     field->setAlignment(Qt::AlignRight);
@@ -41,7 +43,7 @@ QLineEdit* numberField(const char* name, const QString& label, int digits) {
 
 template<class Control>
 Control* named(Control* control, const char* name) {
-    control->setObjectName(QLatin1String(name));
+    control->setObjectName(QLatin1StringView(name));
     control->setAccessibleName(control->text());
     return control;
 }
@@ -51,8 +53,8 @@ Control* named(Control* control, const char* name) {
 frmPrint::frmPrint(const PrintEngine& engine, Dialogue& dialogue, QWidget* parent)
     : QDialog(parent), m_dialogue(dialogue), m_chain(new FieldChain(this)),
       m_printerInUse(engine.printer.number()) {
-    setObjectName(QStringLiteral("frmPrint"));
-    setWindowTitle(QStringLiteral("Nyomtató beállítás"));
+    setObjectName(u"frmPrint"_s);
+    setWindowTitle(u"Nyomtató beállítás"_s);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(14, 12, 14, 12);
     column->setSpacing(frameGap);
@@ -67,21 +69,21 @@ frmPrint::frmPrint(const PrintEngine& engine, Dialogue& dialogue, QWidget* paren
 }
 
 QWidget* frmPrint::makePrinterFrame(const PrintEngine& engine) {
-    m_printerFrame = new QGroupBox(QStringLiteral("Nyomtató"));
+    m_printerFrame = new QGroupBox(u"Nyomtató"_s);
     auto* row = new QHBoxLayout(m_printerFrame);
     m_printers = new QComboBox;
-    m_printers->setObjectName(QStringLiteral("PrinterNumber"));
-    m_printers->setAccessibleName(QStringLiteral("Név:"));
+    m_printers->setObjectName(u"PrinterNumber"_s);
+    m_printers->setAccessibleName(u"Név:"_s);
     m_printers->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_printers->setMinimumContentsLength(44); // a long name widens no window
     for (const PrinterEntry& printer : engine.service.printers()) {
         QString port = printer.port;
         if (port.endsWith(u':')) port.chop(1);
-        m_printers->addItem(printer.deviceName + QStringLiteral(" on ") + port);
+        m_printers->addItem(printer.deviceName + u" on "_s + port);
     }
     m_printers->setCurrentIndex(m_printerInUse < m_printers->count() ? m_printerInUse : -1);
     m_printers->setEnabled(m_printers->count() > 0);
-    auto* label = new QLabel(QStringLiteral("Név:"));
+    auto* label = new QLabel(u"Név:"_s);
     label->setBuddy(m_printers);
     row->addWidget(label);
     row->addWidget(m_printers, 1);
@@ -89,12 +91,12 @@ QWidget* frmPrint::makePrinterFrame(const PrintEngine& engine) {
 }
 
 QWidget* frmPrint::makePagesFrame() {
-    auto* frame = new QGroupBox(QStringLiteral("Oldalak kiválasztása"));
+    auto* frame = new QGroupBox(u"Oldalak kiválasztása"_s);
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(8);
-    m_all = named(new QRadioButton(QStringLiteral("Minden oldal")), "MindenOldal");
-    m_thisPage = named(new QRadioButton(QStringLiteral("Aktuális oldal")), "AktualisOldal");
-    m_rangeOption = named(new QRadioButton(QStringLiteral("Oldaltartomány")), "Oldaltartomany");
+    m_all = named(new QRadioButton(u"Minden oldal"_s), "MindenOldal");
+    m_thisPage = named(new QRadioButton(u"Aktuális oldal"_s), "AktualisOldal");
+    m_rangeOption = named(new QRadioButton(u"Oldaltartomány"_s), "Oldaltartomany");
     m_all->setChecked(true);
     int line = 0;
     for (QRadioButton* option : {m_all, m_thisPage, m_rangeOption}) {
@@ -104,12 +106,12 @@ QWidget* frmPrint::makePagesFrame() {
         });
     }
     m_pages = new QLabel;
-    m_pages->setObjectName(QStringLiteral("Oldal"));
-    m_pages->setAccessibleName(QStringLiteral("Oldal:"));
-    m_from = numberField("PageStart", QStringLiteral("Kezdő:"), 6);
-    m_to = numberField("PageEnd", QStringLiteral("Vég:"), 6);
+    m_pages->setObjectName(u"Oldal"_s);
+    m_pages->setAccessibleName(u"Oldal:"_s);
+    m_from = numberField("PageStart", u"Kezdő:"_s, 6);
+    m_to = numberField("PageEnd", u"Vég:"_s, 6);
     grid->setColumnMinimumWidth(1, 24);
-    grid->addWidget(new QLabel(QStringLiteral("Oldal:")), 1, 2);
+    grid->addWidget(new QLabel(u"Oldal:"_s), 1, 2);
     grid->addWidget(m_pages, 1, 3, 1, 3);
     int place = 2;
     for (QLineEdit* field : {m_from, m_to}) {
@@ -124,12 +126,12 @@ QWidget* frmPrint::makePagesFrame() {
 }
 
 QWidget* frmPrint::makeCopiesFrame() {
-    m_copiesFrame = new QGroupBox(QStringLiteral("Másolatok"));
+    m_copiesFrame = new QGroupBox(u"Másolatok"_s);
     auto* row = new QHBoxLayout(m_copiesFrame);
     row->setSpacing(8);
-    m_copies = numberField("Copies", QStringLiteral("Példányszám:"), 3);
-    m_copies->setText(QStringLiteral("1"));
-    m_collate = named(new QCheckBox(QStringLiteral("Szétválogatás")), "Collate");
+    m_copies = numberField("Copies", u"Példányszám:"_s, 3);
+    m_copies->setText(u"1"_s);
+    m_collate = named(new QCheckBox(u"Szétválogatás"_s), "Collate");
     m_collate->setChecked(true);
     m_picture = new CopiesPicture(*m_collate);
     auto* label = new QLabel(m_copies->accessibleName());
@@ -149,8 +151,8 @@ QWidget* frmPrint::makeButtons() {
     auto* strip = new QWidget;
     auto* row = new QHBoxLayout(strip);
     row->setContentsMargins(0, 4, 0, 0);
-    m_print = named(new QPushButton(QStringLiteral("Nyomtatás")), "PrintDoc");
-    m_cancel = named(new QPushButton(QStringLiteral("Mégse")), "Megse");
+    m_print = named(new QPushButton(u"Nyomtatás"_s), "PrintDoc");
+    m_cancel = named(new QPushButton(u"Mégse"_s), "Megse");
     row->addStretch();
     for (QPushButton* button : {m_print, m_cancel}) {
         button->setMinimumWidth(110);
@@ -217,7 +219,7 @@ void frmPrint::optionChosen() {
     m_to->setText(QString::number(offered.end));
     for (QLineEdit* field : {m_from, m_to})
         field->setEnabled(choice() == PageChoice::range);
-    m_pages->setText(QStringLiteral("%1 / %2").arg(m_current).arg(m_total));
+    m_pages->setText(u"%1 / %2"_s.arg(m_current).arg(m_total));
 }
 
 // Going into a range field chooses the range, also by a click while the fields are still closed.
@@ -245,8 +247,7 @@ int frmPrint::PrinterNumber() const {
 void frmPrint::pressed() {
     const auto range = chosenRange(choice(), m_current, m_total, m_from->text(), m_to->text());
     if (!range) {
-        m_dialogue.tell(QStringLiteral("Please enter a valid page range."), QStringLiteral("Range Error"),
-                        Icon::warning);
+        m_dialogue.tell(u"Please enter a valid page range."_s, u"Range Error"_s, Icon::warning);
         SelectAll(m_from);
         return;
     }
@@ -257,8 +258,8 @@ void frmPrint::pressed() {
 
 CopiesPicture::CopiesPicture(const QCheckBox& collate, QWidget* parent)
     : QWidget(parent), m_collate(collate) {
-    setObjectName(QStringLiteral("MasolatokKepe"));
-    setAccessibleName(QStringLiteral("A másolatok sorrendje"));
+    setObjectName(u"MasolatokKepe"_s);
+    setAccessibleName(u"A másolatok sorrendje"_s);
     const int stackWidth = sheet.width() + 2 * sheetOffset.x();
     setFixedSize(3 * stackWidth + 2 * frameGap + 1, sheet.height() + 2 * sheetOffset.y() + 1);
 }

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -35,12 +37,12 @@ PaperSize twips(const QSize& size) {
 PreviewArea::PreviewArea(Draw draw, QWidget* parent)
     : QWidget(parent), m_draw(std::move(draw)), m_horizontal(new QScrollBar(Qt::Horizontal, this)),
       m_vertical(new QScrollBar(Qt::Vertical, this)) {
-    setObjectName(QStringLiteral("lap"));
-    setAccessibleName(QStringLiteral("Oldal képe"));
+    setObjectName(u"lap"_s);
+    setAccessibleName(u"Oldal képe"_s);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    m_horizontal->setAccessibleName(QStringLiteral("Vízszintes görgető"));
-    m_vertical->setAccessibleName(QStringLiteral("Függőleges görgető"));
+    m_horizontal->setAccessibleName(u"Vízszintes görgető"_s);
+    m_vertical->setAccessibleName(u"Függőleges görgető"_s);
     for (QScrollBar* bar : {m_horizontal, m_vertical}) {
         bar->setFocusPolicy(Qt::ClickFocus);
         bar->setFocusProxy(this);

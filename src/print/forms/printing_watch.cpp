@@ -5,6 +5,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -47,8 +49,7 @@ bool PrintingWatch::pagePrinted(int done, int total) {
 bool PrintingWatch::goesOn() {
     swallowInput(false);
     if (m_engine.busy) m_engine.busy(false); // no hourglass over the question
-    const bool stop =
-        m_dialogue.ask(QStringLiteral("Megszakítja a nyomtatást?"), QStringLiteral("Nyomtatás"));
+    const bool stop = m_dialogue.ask(u"Megszakítja a nyomtatást?"_s, u"Nyomtatás"_s);
     if (m_engine.busy) m_engine.busy(true);
     swallowInput(true);
     return !stop;

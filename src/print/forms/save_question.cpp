@@ -11,12 +11,14 @@
 #include <QToolButton>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 std::optional<SaveAnswer> askSavePath(QWidget* parent, const SaveQuestion& question) {
     const QFileInfo suggestion(question.suggestion);
     QFileDialog dialog(parent, question.title, suggestion.absolutePath());
-    dialog.setObjectName(QStringLiteral("mentes"));
+    dialog.setObjectName(u"mentes"_s);
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite |
                       QFileDialog::DontUseCustomDirectoryIcons);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
@@ -24,11 +26,11 @@ std::optional<SaveAnswer> askSavePath(QWidget* parent, const SaveQuestion& quest
     dialog.setViewMode(QFileDialog::List);
     dialog.setNameFilters(question.filters);
     dialog.selectFile(suggestion.fileName());
-    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Hely:"));
-    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("Fájlnév:"));
-    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Típus:"));
-    dialog.setLabelText(QFileDialog::Accept, QStringLiteral("Mentés"));
-    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Mégse"));
+    dialog.setLabelText(QFileDialog::LookIn, u"Hely:"_s);
+    dialog.setLabelText(QFileDialog::FileName, u"Fájlnév:"_s);
+    dialog.setLabelText(QFileDialog::FileType, u"Típus:"_s);
+    dialog.setLabelText(QFileDialog::Accept, u"Mentés"_s);
+    dialog.setLabelText(QFileDialog::Reject, u"Mégse"_s);
     QList<QUrl> places;
     for (const QString& place :
          {QDir::homePath(), QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
@@ -45,7 +47,7 @@ std::optional<SaveAnswer> askSavePath(QWidget* parent, const SaveQuestion& quest
                                                             {"listModeButton", u"Lista"},
                                                             {"detailModeButton", u"Részletek"}};
     for (const auto& [name, tip] : tips)
-        if (auto* button = dialog.findChild<QToolButton*>(QLatin1String(name))) {
+        if (auto* button = dialog.findChild<QToolButton*>(QLatin1StringView(name))) {
             button->setToolTip(QString::fromUtf16(tip));
             button->setAccessibleName(QString::fromUtf16(tip));
         }
@@ -64,9 +66,8 @@ std::optional<SaveAnswer> askTarget(QWidget* parent, Dialogue& dialogue, const A
     if (!answer) return std::nullopt;
     answer->path = withEnding(answer->path, ending);
     const QFileInfo file(answer->path);
-    if (file.exists() &&
-        !dialogue.ask(QStringLiteral("A(z) \"%1\" fájl már létezik. Felülírja?").arg(file.fileName()),
-                      question.title, Icon::warning))
+    if (file.exists() && !dialogue.ask(u"A(z) \"%1\" fájl már létezik. Felülírja?"_s.arg(file.fileName()),
+                                       question.title, Icon::warning))
         return std::nullopt;
     folder = file.absolutePath();
     return answer;

@@ -17,11 +17,13 @@
 #include <cmath>
 #include <exception>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
 
-const QString pdfName = QStringLiteral("PDF fájl");
+const QString pdfName = u"PDF fájl"_s;
 
 // Painting onto a printer. What has begun here comes out.
 class PrinterOutput : public PagedJob {
@@ -53,7 +55,7 @@ class PrinterOutput : public PagedJob {
         m_done = true;
     }
     Fault refused() const override {
-        return {fault::deviceError, QStringLiteral("A nyomtató nem fogadta el a munkát: %1").arg(m_name)};
+        return {fault::deviceError, u"A nyomtató nem fogadta el a munkát: %1"_s.arg(m_name)};
     }
 
   private:
@@ -64,8 +66,7 @@ class PrinterOutput : public PagedJob {
 
 QPrinterInfo printerNamed(const QString& name) {
     const QPrinterInfo info = QPrinterInfo::printerInfo(name);
-    if (info.isNull())
-        throw Fault(fault::noPrinter, QStringLiteral("A nyomtató nem érhető el: %1").arg(name));
+    if (info.isNull()) throw Fault(fault::noPrinter, u"A nyomtató nem érhető el: %1"_s.arg(name));
     return info;
 }
 
@@ -102,9 +103,8 @@ PrinterPaper paperOf(const QPageSize& size) {
 
 AskPdfPath askPdfPathBy(Dialogue& dialogue) {
     return [&dialogue, folder = QString()](const QString& suggestion) mutable {
-        const auto answer =
-            askTarget(QApplication::activeWindow(), dialogue, askSavePath, folder,
-                      {pdfName, suggestion, {QStringLiteral("PDF fájl (*.pdf)")}}, QStringLiteral("pdf"));
+        const auto answer = askTarget(QApplication::activeWindow(), dialogue, askSavePath, folder,
+                                      {pdfName, suggestion, {u"PDF fájl (*.pdf)"_s}}, u"pdf"_s);
         return answer ? answer->path : QString();
     };
 }
@@ -116,9 +116,9 @@ std::vector<PrinterEntry> SystemPrinters::printers() const {
     for (const QPrinterInfo& printer : QPrinterInfo::availablePrinters()) {
         m_names.push_back(printer.printerName());
         const QString place = printer.location().simplified();
-        all.push_back({printer.printerName(), place.isEmpty() ? QStringLiteral("CUPS") : place});
+        all.push_back({printer.printerName(), place.isEmpty() ? u"CUPS"_s : place});
     }
-    all.push_back({pdfName, QStringLiteral("fájl:")});
+    all.push_back({pdfName, u"fájl:"_s});
     return all;
 }
 
@@ -147,13 +147,13 @@ PrinterPaper SystemPrinters::paper(int printer) const {
 
 std::unique_ptr<PrintJob> SystemPrinters::begin(const PrintJobSetup& setup) {
     if (isPdf(setup.printer)) {
-        const QString path = m_askPdfPath(suggestedFileName(setup.title, QStringLiteral("pdf")));
+        const QString path = m_askPdfPath(suggestedFileName(setup.title, u"pdf"_s));
         if (path.isEmpty()) return nullptr;
         return std::make_unique<PdfJob>(path, setup);
     }
     const auto place = static_cast<std::size_t>(setup.printer);
     if (setup.printer < 0 || place >= names().size())
-        throw Fault(fault::noPrinter, QStringLiteral("A kiválasztott nyomtató nem érhető el!"));
+        throw Fault(fault::noPrinter, u"A kiválasztott nyomtató nem érhető el!"_s);
     return std::make_unique<PrinterJob>(printerNamed(m_names[place]).printerName(), setup);
 }
 

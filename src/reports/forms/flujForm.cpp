@@ -14,6 +14,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -22,9 +24,7 @@ constexpr int barSteps = 1000;
 
 QRadioButton* option(const QString& text) {
     auto* result = new QRadioButton(text);
-    result->setObjectName(QString(text)
-                              .replace(QStringLiteral("í"), QStringLiteral("i"))
-                              .replace(QStringLiteral("ő"), QStringLiteral("o")));
+    result->setObjectName(QString(text).replace(u"í"_s, u"i"_s).replace(u"ő"_s, u"o"_s));
     result->setAccessibleName(text);
     return result;
 }
@@ -32,51 +32,51 @@ QRadioButton* option(const QString& text) {
 } // namespace
 
 flujForm::flujForm(Workstation& station, QWidget* opener) : WorkForm(station, opener) {
-    setObjectName(QStringLiteral("flujForm"));
-    setWindowTitle(QStringLiteral("Floppy mezők visszaírása"));
+    setObjectName(u"flujForm"_s);
+    setWindowTitle(u"Floppy mezők visszaírása"_s);
 
-    const QString period = QStringLiteral("Időszak (éééé.hh): ");
+    const QString period = u"Időszak (éééé.hh): "_s;
     const auto field = [&](const QString& name, const QString& end) {
         auto* result = new MaskedField(MaskedField::Mask::period);
         result->setObjectName(name);
         result->setAccessibleName(period + end);
-        result->setFixedWidth(result->fontMetrics().horizontalAdvance(QStringLiteral("0000.00")) + 26);
+        result->setFixedWidth(result->fontMetrics().horizontalAdvance(u"0000.00"_s) + 26);
         return result;
     };
-    m_from = field(QStringLiteral("IdoszakTol"), QStringLiteral("-tól"));
-    m_to = field(QStringLiteral("IdoszakIg"), QStringLiteral("-ig"));
+    m_from = field(u"IdoszakTol"_s, u"-tól"_s);
+    m_to = field(u"IdoszakIg"_s, u"-ig"_s);
     auto* label = new QLabel(period);
     label->setBuddy(m_from);
     auto* periodRow = new QHBoxLayout;
     periodRow->addWidget(label);
     periodRow->addWidget(m_from);
-    periodRow->addWidget(new QLabel(QStringLiteral("-")));
+    periodRow->addWidget(new QLabel(u"-"_s));
     periodRow->addWidget(m_to);
     periodRow->addStretch();
 
     auto* options = new QGroupBox;
     auto* optionRow = new QHBoxLayout(options);
-    m_original = option(QStringLiteral("Eredeti"));
-    m_corrected = option(QStringLiteral("Javított"));
-    m_both = option(QStringLiteral("Mindkettő"));
+    m_original = option(u"Eredeti"_s);
+    m_corrected = option(u"Javított"_s);
+    m_both = option(u"Mindkettő"_s);
     m_original->setChecked(true);
     for (QRadioButton* choice : {m_original, m_corrected, m_both})
         optionRow->addWidget(choice);
 
-    m_start = new QPushButton(QStringLiteral("Visszaállítás"));
-    m_start->setObjectName(QStringLiteral("Visszaallitas"));
+    m_start = new QPushButton(u"Visszaállítás"_s);
+    m_start->setObjectName(u"Visszaallitas"_s);
     m_start->setAccessibleName(m_start->text());
     m_start->setMinimumWidth(m_start->fontMetrics().horizontalAdvance(m_start->text()) + 40);
     m_bar = new QProgressBar;
-    m_bar->setObjectName(QStringLiteral("Folyamat"));
-    m_bar->setAccessibleName(QStringLiteral("A visszaírás állása"));
+    m_bar->setObjectName(u"Folyamat"_s);
+    m_bar->setAccessibleName(u"A visszaírás állása"_s);
     m_bar->setRange(0, barSteps);
     m_bar->setValue(0);
     m_bar->setTextVisible(false);
     m_count = new QLabel;
-    m_count->setObjectName(QStringLiteral("Darab"));
-    m_count->setAccessibleName(QStringLiteral("Visszaírt adatlapok"));
-    m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(QStringLiteral("0000000 / 0000000")));
+    m_count->setObjectName(u"Darab"_s);
+    m_count->setAccessibleName(u"Visszaírt adatlapok"_s);
+    m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(u"0000000 / 0000000"_s));
     auto* barRow = new QHBoxLayout;
     barRow->addWidget(m_bar, 1);
     barRow->addWidget(m_count);
@@ -129,13 +129,13 @@ void flujForm::writeBack() {
     const WriteBackOutcome outcome = writeBackMarks(
         station(), m_from->value(), m_to->value(), option, [this](qint64 position, qint64 total) {
             m_bar->setValue(static_cast<int>(position * barSteps / total));
-            m_count->setText(QStringLiteral("%1 / %2").arg(position).arg(total));
+            m_count->setText(u"%1 / %2"_s.arg(position).arg(total));
         });
     m_running = false;
     m_start->setEnabled(true);
-    if (outcome.field == QLatin1String("from"))
+    if (outcome.field == "from"_L1)
         SelectAll(m_from);
-    else if (outcome.field == QLatin1String("to"))
+    else if (outcome.field == "to"_L1)
         SelectAll(m_to);
     else
         m_start->setFocus();

@@ -2,8 +2,8 @@
 
 #include "foundation/forms/field_chain.h"
 #include "foundation/forms/masked_field.h"
+#include "foundation/forms/openform.h"
 #include "platform/format.h"
-#include "reports/forms/openform.h"
 #include "reports/report_period.h"
 #include "reports/selection.h"
 
@@ -18,6 +18,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -25,9 +27,9 @@ namespace {
 constexpr int barSteps = 10'000; // a hundredth of a percent each
 
 QString titleSuffix(const QString& mode) {
-    if (mode == QLatin1String("1")) return QStringLiteral(" - Javítás");
-    if (mode == QLatin1String("E")) return QStringLiteral(" - EU jelentés");
-    return QStringLiteral(" - Eredeti");
+    if (mode == "1"_L1) return u" - Javítás"_s;
+    if (mode == "E"_L1) return u" - EU jelentés"_s;
+    return u" - Eredeti"_s;
 }
 
 QLabel* valueLabel(const QString& name, const QString& caption) {
@@ -42,7 +44,7 @@ MaskedField* periodField(const QString& name, const QString& caption) {
     auto* field = new MaskedField(MaskedField::Mask::period);
     field->setObjectName(name);
     field->setAccessibleName(caption);
-    field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("0000.00")) + 26);
+    field->setFixedWidth(field->fontMetrics().horizontalAdvance(u"0000.00"_s) + 26);
     return field;
 }
 
@@ -58,9 +60,9 @@ QPushButton* button(const QString& name, const QString& text) {
 
 levForm::levForm(Workstation& station, QWidget* opener, const QString& mode)
     : WorkForm(station, opener), m_mode(mode), m_chain(new FieldChain(this)) {
-    setObjectName(QStringLiteral("levForm"));
-    setWindowTitle(QStringLiteral("Havi jelentéskészítés") + titleSuffix(mode));
-    station.reportTarget = QStringLiteral("a:\\"); // anew each time the screen loads
+    setObjectName(u"levForm"_s);
+    setWindowTitle(u"Havi jelentéskészítés"_s + titleSuffix(mode));
+    station.reportTarget = u"a:\\"_s; // anew each time the screen loads
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(18, 16, 18, 14);
@@ -68,7 +70,7 @@ levForm::levForm(Workstation& station, QWidget* opener, const QString& mode)
     column->addWidget(makePeriodPanel());
     column->addWidget(makeTargetPanel());
     column->addWidget(makeProgressPanel());
-    m_hint = valueLabel(QStringLiteral("figyelmeztetes"), QStringLiteral("Figyelmeztetés"));
+    m_hint = valueLabel(u"figyelmeztetes"_s, u"Figyelmeztetés"_s);
     column->addWidget(m_hint);
     column->addStretch();
     setMinimumWidth(640);
@@ -93,35 +95,35 @@ QWidget* levForm::makePeriodPanel() {
     auto* grid = new QGridLayout(panel);
     grid->setHorizontalSpacing(10);
     grid->setVerticalSpacing(10);
-    const QString period = QStringLiteral("Időszak (éééé.hh): ");
-    m_from = periodField(QStringLiteral("IdoszakTol"), period + QStringLiteral("-tól"));
-    m_to = periodField(QStringLiteral("IdoszakIg"), period + QStringLiteral("-ig"));
+    const QString period = u"Időszak (éééé.hh): "_s;
+    m_from = periodField(u"IdoszakTol"_s, period + u"-tól"_s);
+    m_to = periodField(u"IdoszakIg"_s, period + u"-ig"_s);
     auto* periodLabel = new QLabel(period);
     periodLabel->setBuddy(m_from);
     grid->addWidget(periodLabel, 0, 0);
     grid->addWidget(m_from, 0, 1);
     // In mode "E" only the from-field counts.
     auto* toPanel = new QWidget;
-    toPanel->setObjectName(QStringLiteral("IdoszakIgPanel"));
+    toPanel->setObjectName(u"IdoszakIgPanel"_s);
     auto* toRow = new QHBoxLayout(toPanel);
     toRow->setContentsMargins(0, 0, 0, 0);
-    toRow->addWidget(new QLabel(QStringLiteral("-")));
+    toRow->addWidget(new QLabel(u"-"_s));
     toRow->addWidget(m_to);
-    toPanel->setVisible(m_mode != QLatin1String("E"));
+    toPanel->setVisible(m_mode != "E"_L1);
     grid->addWidget(toPanel, 0, 2);
 
-    const QString settlement = QStringLiteral("Elszámolási időszak (éééé.hh): ");
-    m_settlement = periodField(QStringLiteral("ElszIdoszak"), settlement);
+    const QString settlement = u"Elszámolási időszak (éééé.hh): "_s;
+    m_settlement = periodField(u"ElszIdoszak"_s, settlement);
     auto* settlementLabel = new QLabel(settlement);
     settlementLabel->setBuddy(m_settlement);
     grid->addWidget(settlementLabel, 1, 0);
     grid->addWidget(m_settlement, 1, 1);
-    const bool corrected = m_mode == QLatin1String("1");
+    const bool corrected = m_mode == "1"_L1;
     settlementLabel->setVisible(corrected);
     m_settlement->setVisible(corrected);
 
     grid->setColumnStretch(3, 1);
-    m_run = button(QStringLiteral("Levalogatas"), QStringLiteral("Leválogatás"));
+    m_run = button(u"Levalogatas"_s, u"Leválogatás"_s);
     m_run->setMinimumWidth(150);
     grid->addWidget(m_run, 0, 4);
     connect(m_run, &QPushButton::clicked, this, &levForm::run);
@@ -132,9 +134,9 @@ QWidget* levForm::makeTargetPanel() {
     auto* panel = new QGroupBox;
     auto* grid = new QGridLayout(panel);
     grid->setHorizontalSpacing(10);
-    m_choose = button(QStringLiteral("MentesiUt"), QStringLiteral("Mentési út..."));
+    m_choose = button(u"MentesiUt"_s, u"Mentési út..."_s);
     m_choose->setMinimumWidth(150);
-    m_target = valueLabel(QStringLiteral("MentesiUtKijelzo"), QStringLiteral("Mentési út"));
+    m_target = valueLabel(u"MentesiUtKijelzo"_s, u"Mentési út"_s);
     m_target->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     m_target->setMargin(4);
     m_target->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -142,9 +144,9 @@ QWidget* levForm::makeTargetPanel() {
     m_target->setText(station().reportTarget);
     grid->addWidget(m_target, 0, 0);
     grid->addWidget(m_choose, 0, 1);
-    m_drive = valueLabel(QStringLiteral("Meghajto"), QStringLiteral("Meghajtó"));
-    m_total = valueLabel(QStringLiteral("TeljesLemez"), QStringLiteral("Teljes lemezterület"));
-    m_free = valueLabel(QStringLiteral("SzabadLemez"), QStringLiteral("Szabad lemezterület"));
+    m_drive = valueLabel(u"Meghajto"_s, u"Meghajtó"_s);
+    m_total = valueLabel(u"TeljesLemez"_s, u"Teljes lemezterület"_s);
+    m_free = valueLabel(u"SzabadLemez"_s, u"Szabad lemezterület"_s);
     auto* volume = new QHBoxLayout;
     volume->setSpacing(18);
     for (QLabel* label : {m_drive, m_total, m_free})
@@ -166,7 +168,7 @@ QWidget* levForm::makeProgressPanel() {
         QLabel* value = valueLabel(name, caption);
         value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         value->setMinimumWidth(90);
-        value->setText(QStringLiteral("0"));
+        value->setText(u"0"_s);
         auto* label = new QLabel(caption);
         label->setMargin(2); // the marks of a capital stand above the font's own height
         grid->addWidget(label, line, 0);
@@ -174,22 +176,21 @@ QWidget* levForm::makeProgressPanel() {
         ++line;
         return value;
     };
-    m_allSheets = counter(QStringLiteral("OsszesInput"), QStringLiteral("Összes input rekord:"));
-    m_periodSheets =
-        counter(QStringLiteral("IdoszakInput"), QStringLiteral("Input rekord az adott időszakban: "));
-    m_records = counter(QStringLiteral("Output"), QStringLiteral("Output rekord:"));
-    m_procedures = counter(QStringLiteral("OsszesBeavatkozas"), QStringLiteral("Összes beavatkozás (db):"));
+    m_allSheets = counter(u"OsszesInput"_s, u"Összes input rekord:"_s);
+    m_periodSheets = counter(u"IdoszakInput"_s, u"Input rekord az adott időszakban: "_s);
+    m_records = counter(u"Output"_s, u"Output rekord:"_s);
+    m_procedures = counter(u"OsszesBeavatkozas"_s, u"Összes beavatkozás (db):"_s);
 
-    m_stage = valueLabel(QStringLiteral("Allapot"), QStringLiteral("Állapot"));
-    m_percent = valueLabel(QStringLiteral("Szazalek"), QStringLiteral("Százalék"));
+    m_stage = valueLabel(u"Allapot"_s, u"Állapot"_s);
+    m_percent = valueLabel(u"Szazalek"_s, u"Százalék"_s);
     m_percent->setAlignment(Qt::AlignRight);
     m_bar = new QProgressBar;
-    m_bar->setObjectName(QStringLiteral("Folyamat"));
-    m_bar->setAccessibleName(QStringLiteral("A feldolgozás állása"));
+    m_bar->setObjectName(u"Folyamat"_s);
+    m_bar->setAccessibleName(u"A feldolgozás állása"_s);
     m_bar->setRange(0, barSteps);
     m_bar->setValue(0);
     m_bar->setTextVisible(false);
-    m_selected = valueLabel(QStringLiteral("Levalogatott"), QStringLiteral("Leválogatott adatlapok"));
+    m_selected = valueLabel(u"Levalogatott"_s, u"Leválogatott adatlapok"_s);
     m_selected->setMinimumWidth(70);
     auto* captions = new QHBoxLayout;
     captions->addWidget(m_stage, 1);
@@ -285,7 +286,7 @@ void levForm::moved(const QString& stage, qint64 position, qint64 total) {
 }
 
 void levForm::chooseTarget() {
-    auto* picker = new openform(station(), this, QStringLiteral("1"),
+    auto* picker = new openform(station(), this, u"1"_s,
                                 [form = QPointer<levForm>(this)](const QString&, const VolumeTexts& texts) {
                                     if (form != nullptr) form->targetChosen(texts);
                                 });
@@ -303,7 +304,7 @@ void levForm::targetChosen(const VolumeTexts& texts) {
 void levForm::closeEvent(QCloseEvent* event) {
     if (m_running) {
         m_closeWished = true;
-        m_hint->setText(QStringLiteral("A leválogatás fut, kérem várjon, amíg befejeződik!"));
+        m_hint->setText(u"A leválogatás fut, kérem várjon, amíg befejeződik!"_s);
     }
     if (m_running || !isEnabled()) {
         event->ignore();

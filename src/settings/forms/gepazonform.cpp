@@ -11,28 +11,30 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 gepazonform::gepazonform(Workstation& station, QWidget* opener)
     : WorkForm(station, opener), m_label(new QLineEdit) {
-    setObjectName(QStringLiteral("gepazonform"));
-    setWindowTitle(QStringLiteral("Gépazonosító"));
+    setObjectName(u"gepazonform"_s);
+    setWindowTitle(u"Gépazonosító"_s);
 
-    m_label->setObjectName(QStringLiteral("Gepazon"));
-    m_label->setAccessibleName(QStringLiteral("Gépazonosító"));
+    m_label->setObjectName(u"Gepazon"_s);
+    m_label->setAccessibleName(u"Gépazonosító"_s);
     m_label->setMaxLength(3);
     m_label->setFixedWidth(m_label->fontMetrics().averageCharWidth() * 10);
     m_label->setText(workstationLabel(station));
-    auto* caption = new QLabel(QStringLiteral("Gépazonosító"));
+    auto* caption = new QLabel(u"Gépazonosító"_s);
     caption->setBuddy(m_label);
 
-    auto* keep = new QPushButton(QStringLiteral("&Tárol"));
-    keep->setObjectName(QStringLiteral("Tarol"));
-    keep->setAccessibleName(QStringLiteral("Tárol"));
+    auto* keep = new QPushButton(u"&Tárol"_s);
+    keep->setObjectName(u"Tarol"_s);
+    keep->setAccessibleName(u"Tárol"_s);
     connect(keep, &QPushButton::clicked, this, &gepazonform::store);
-    auto* leave = new QPushButton(QStringLiteral("&Mégse"));
-    leave->setObjectName(QStringLiteral("Megse"));
-    leave->setAccessibleName(QStringLiteral("Mégse"));
+    auto* leave = new QPushButton(u"&Mégse"_s);
+    leave->setObjectName(u"Megse"_s);
+    leave->setAccessibleName(u"Mégse"_s);
     connect(leave, &QPushButton::clicked, this, &gepazonform::close);
 
     auto* row = new QHBoxLayout;

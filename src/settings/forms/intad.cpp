@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -28,8 +30,8 @@ QString plainText(const QLineEdit* edit) {
 
 intad::intad(Workstation& station, QWidget* opener)
     : WorkForm(station, opener), m_chain(new FieldChain(this)) {
-    setObjectName(QStringLiteral("intad"));
-    setWindowTitle(QStringLiteral("Az intézmény adatainak megadása"));
+    setObjectName(u"intad"_s);
+    setWindowTitle(u"Az intézmény adatainak megadása"_s);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 14, 16, 10);
@@ -37,13 +39,13 @@ intad::intad(Workstation& station, QWidget* opener)
     column->addWidget(buildIdentity());
     column->addWidget(buildLogin());
 
-    auto* keep = new QPushButton(QStringLiteral("&Tárol"));
-    keep->setObjectName(QStringLiteral("Tarol"));
-    keep->setAccessibleName(QStringLiteral("Tárol"));
+    auto* keep = new QPushButton(u"&Tárol"_s);
+    keep->setObjectName(u"Tarol"_s);
+    keep->setAccessibleName(u"Tárol"_s);
     connect(keep, &QPushButton::clicked, this, &intad::store);
-    auto* leave = new QPushButton(QStringLiteral("&Kilépés"));
-    leave->setObjectName(QStringLiteral("Kilepes"));
-    leave->setAccessibleName(QStringLiteral("Kilépés"));
+    auto* leave = new QPushButton(u"&Kilépés"_s);
+    leave->setObjectName(u"Kilepes"_s);
+    leave->setAccessibleName(u"Kilépés"_s);
     connect(leave, &QPushButton::clicked, this, &intad::close);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -52,7 +54,7 @@ intad::intad(Workstation& station, QWidget* opener)
     column->addLayout(buttons);
 
     m_status = new QLabel;
-    m_status->setObjectName(QStringLiteral("statusz"));
+    m_status->setObjectName(u"statusz"_s);
     m_status->setTextFormat(Qt::PlainText);
     m_status->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     m_status->setMinimumHeight(m_status->fontMetrics().height() + 8);
@@ -81,7 +83,7 @@ QLineEdit* intad::addField(QLineEdit* edit, QString InstitutionFields::*member, 
 }
 
 QWidget* intad::buildIdentity() {
-    auto* box = new QGroupBox(QStringLiteral("Intézmény"));
+    auto* box = new QGroupBox(u"Intézmény"_s);
     auto* form = new QFormLayout(box);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     form->setHorizontalSpacing(12);
@@ -90,29 +92,27 @@ QWidget* intad::buildIdentity() {
                            int characters) {
         return addField(new QLineEdit, member, name, label, characters);
     };
-    const QString nameLabel = QStringLiteral("Az intézet neve");
-    row(nameLabel, plain(&InstitutionFields::Int_nev, QStringLiteral("Int_nev"), nameLabel, nameWidth));
-    const QString codeLabel = QStringLiteral("Az intézet gyógyinfok kódja");
-    row(codeLabel, plain(&InstitutionFields::Gyogyi_kod, QStringLiteral("Gyogyi_kod"), codeLabel, 9));
-    const QString doctorLabel = QStringLiteral("Az ellátó orvos kódja");
-    row(doctorLabel, plain(&InstitutionFields::Orv_kod, QStringLiteral("Orv_kod"), doctorLabel, 9));
-    const QString unitLabel = QStringLiteral("A szakrendelő kódja");
-    row(unitLabel, plain(&InstitutionFields::Szakrend_kod, QStringLiteral("Szakrend_kod"), unitLabel, 9));
+    const QString nameLabel = u"Az intézet neve"_s;
+    row(nameLabel, plain(&InstitutionFields::Int_nev, u"Int_nev"_s, nameLabel, nameWidth));
+    const QString codeLabel = u"Az intézet gyógyinfok kódja"_s;
+    row(codeLabel, plain(&InstitutionFields::Gyogyi_kod, u"Gyogyi_kod"_s, codeLabel, 9));
+    const QString doctorLabel = u"Az ellátó orvos kódja"_s;
+    row(doctorLabel, plain(&InstitutionFields::Orv_kod, u"Orv_kod"_s, doctorLabel, 9));
+    const QString unitLabel = u"A szakrendelő kódja"_s;
+    row(unitLabel, plain(&InstitutionFields::Szakrend_kod, u"Szakrend_kod"_s, unitLabel, 9));
 
     // Code, town and street stand beside one label, as an address is read.
-    const QString addressLabel = QStringLiteral("Az intézet címe");
+    const QString addressLabel = u"Az intézet címe"_s;
     auto* address = new QHBoxLayout;
     address->setSpacing(6);
-    QLineEdit* code = plain(&InstitutionFields::irsz, QStringLiteral("irsz"),
-                            addressLabel + QStringLiteral(" - irányítószám"), 6);
-    QLineEdit* town = plain(&InstitutionFields::City, QStringLiteral("City"),
-                            addressLabel + QStringLiteral(" - város"), 22);
-    QLineEdit* street = plain(&InstitutionFields::cim, QStringLiteral("cim"),
-                              addressLabel + QStringLiteral(" - utca, házszám"), nameWidth);
+    QLineEdit* code = plain(&InstitutionFields::irsz, u"irsz"_s, addressLabel + u" - irányítószám"_s, 6);
+    QLineEdit* town = plain(&InstitutionFields::City, u"City"_s, addressLabel + u" - város"_s, 22);
+    QLineEdit* street =
+        plain(&InstitutionFields::cim, u"cim"_s, addressLabel + u" - utca, házszám"_s, nameWidth);
     street->setMinimumWidth(street->fontMetrics().averageCharWidth() * 26);
-    code->setPlaceholderText(QStringLiteral("irsz."));
-    town->setPlaceholderText(QStringLiteral("város"));
-    street->setPlaceholderText(QStringLiteral("utca, házszám"));
+    code->setPlaceholderText(u"irsz."_s);
+    town->setPlaceholderText(u"város"_s);
+    street->setPlaceholderText(u"utca, házszám"_s);
     address->addWidget(code);
     address->addWidget(town);
     address->addWidget(street, 1);
@@ -120,31 +120,29 @@ QWidget* intad::buildIdentity() {
     connect(code, &QLineEdit::textEdited, this,
             [this, town](const QString& typed) { town->setText(townByPrefix(station(), typed)); });
 
-    const QString accountLabel = QStringLiteral("Bankszámlaszám");
+    const QString accountLabel = u"Bankszámlaszám"_s;
     row(accountLabel, addField(new MaskedField(MaskedField::Mask::account), &InstitutionFields::Bankszamla,
-                               QStringLiteral("Bankszamla"), accountLabel, 30));
-    const QString taxLabel = QStringLiteral("Adóigazgatási azon. szám");
+                               u"Bankszamla"_s, accountLabel, 30));
+    const QString taxLabel = u"Adóigazgatási azon. szám"_s;
     row(taxLabel, addField(new MaskedField(MaskedField::Mask::taxNumber), &InstitutionFields::Adoig_szam,
-                           QStringLiteral("Adoig_szam"), taxLabel, 16));
-    const QString nbkLabel = QStringLiteral("Az intézet NBK kódja");
-    row(nbkLabel, plain(&InstitutionFields::NBK_KOD, QStringLiteral("NBK_KOD"), nbkLabel, 9));
+                           u"Adoig_szam"_s, taxLabel, 16));
+    const QString nbkLabel = u"Az intézet NBK kódja"_s;
+    row(nbkLabel, plain(&InstitutionFields::NBK_KOD, u"NBK_KOD"_s, nbkLabel, 9));
     return box;
 }
 
 QWidget* intad::buildLogin() {
-    auto* box =
-        new QGroupBox(QStringLiteral("On-line jogviszony ellenőrzéshez szükséges bejelentkező adatok:"));
+    auto* box = new QGroupBox(u"On-line jogviszony ellenőrzéshez szükséges bejelentkező adatok:"_s);
     auto* form = new QFormLayout(box);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     form->setHorizontalSpacing(12);
-    const QString loginLabel = QStringLiteral("Bejelentkező név");
-    QLineEdit* login =
-        addField(new QLineEdit, &InstitutionFields::Login, QStringLiteral("Login"), loginLabel, 39);
+    const QString loginLabel = u"Bejelentkező név"_s;
+    QLineEdit* login = addField(new QLineEdit, &InstitutionFields::Login, u"Login"_s, loginLabel, 39);
     login->setMaxLength(loginLength);
     form->addRow(loginLabel, login);
-    const QString passwordLabel = QStringLiteral("Jelszó");
+    const QString passwordLabel = u"Jelszó"_s;
     QLineEdit* password =
-        addField(new QLineEdit, &InstitutionFields::Password, QStringLiteral("Password"), passwordLabel, 39);
+        addField(new QLineEdit, &InstitutionFields::Password, u"Password"_s, passwordLabel, 39);
     password->setMaxLength(loginLength);
     password->setEchoMode(QLineEdit::Password); // in clear text in the file only
     form->addRow(passwordLabel, password);
@@ -174,12 +172,12 @@ void intad::store() {
     const InstitutionFault fault = checkInstitutionFields(typed);
     if (!fault.field.isEmpty()) {
         m_status->setText(fault.status);
-        if (!fault.box.isEmpty()) station().dialogue.tell(fault.box, QStringLiteral("Hiba"));
+        if (!fault.box.isEmpty()) station().dialogue.tell(fault.box, u"Hiba"_s);
         SelectAll(findChild<QLineEdit*>(fault.field));
         return;
     }
     storeInstitution(station(), typed);
-    m_status->setText(QStringLiteral(" Adatok tárolása megtörtént!"));
+    m_status->setText(u" Adatok tárolása megtörtént!"_s);
     storeLogin(station(), typed);
 }
 

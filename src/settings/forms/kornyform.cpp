@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel {
 
 namespace {
@@ -17,7 +19,7 @@ namespace {
 QLabel* valueLabel(const QString& name, const QString& label, const QString& value) {
     auto* result = new QLabel(value);
     result->setObjectName(name);
-    result->setAccessibleName(label + QLatin1Char(' ') + value);
+    result->setAccessibleName(label + ' '_L1 + value);
     QFont bold = result->font();
     bold.setBold(true);
     result->setFont(bold);
@@ -27,20 +29,20 @@ QLabel* valueLabel(const QString& name, const QString& label, const QString& val
 } // namespace
 
 kornyform::kornyform(Workstation& station, QWidget* opener) : WorkForm(station, opener) {
-    setObjectName(QStringLiteral("kornyform"));
-    setWindowTitle(QStringLiteral("Környezet"));
+    setObjectName(u"kornyform"_s);
+    setWindowTitle(u"Környezet"_s);
     const QDateTime now = station.clock.now();
 
-    auto* box = new QGroupBox(QStringLiteral("Egyéb információk"));
+    auto* box = new QGroupBox(u"Egyéb információk"_s);
     auto* form = new QFormLayout(box);
     form->setHorizontalSpacing(16);
-    const QString dateLabel = QStringLiteral("Dátum:");
-    form->addRow(dateLabel, valueLabel(QStringLiteral("datum"), dateLabel, format::shortDate(now.date())));
-    const QString timeLabel = QStringLiteral("Idő:");
-    form->addRow(timeLabel, valueLabel(QStringLiteral("ido"), timeLabel, format::longTime(now.time())));
+    const QString dateLabel = u"Dátum:"_s;
+    form->addRow(dateLabel, valueLabel(u"datum"_s, dateLabel, format::shortDate(now.date())));
+    const QString timeLabel = u"Idő:"_s;
+    form->addRow(timeLabel, valueLabel(u"ido"_s, timeLabel, format::longTime(now.time())));
 
-    auto* good = new QPushButton(QStringLiteral("Rendben"));
-    good->setObjectName(QStringLiteral("OK"));
+    auto* good = new QPushButton(u"Rendben"_s);
+    good->setObjectName(u"OK"_s);
     good->setAccessibleName(good->text());
     connect(good, &QPushButton::clicked, this, &kornyform::close);
     auto* buttons = new QHBoxLayout;

@@ -2,7 +2,7 @@
 // frame of the free note (Ctrl-N).
 #pragma once
 
-#include "sheet/forms/overlay_frame.h"
+#include "foundation/forms/overlay_frame.h"
 #include "sheet/sheet_fields.h"
 
 #include <array>

@@ -16,7 +16,7 @@ namespace vandrel {
 
 namespace {
 
-const QString homeCountry = QStringLiteral("HUN");
+const QString homeCountry = u"HUN"_s;
 
 QLabel* makeCaption(const QString& name, const QString& accessible) {
     QLabel* label = SheetDesk::makeDataLabel(name);

@@ -1,12 +1,12 @@
 // Layout, keys and flow of the sheet's screen.
 #include "sheet/forms/tetad.h"
 
+#include "foundation/forms/month_picker.h"
+#include "foundation/forms/pick_list_frame.h"
 #include "platform/format.h"
 #include "sheet/forms/institution_head.h"
-#include "sheet/forms/month_picker.h"
 #include "sheet/forms/other_data_frame.h"
 #include "sheet/forms/patient_frame.h"
-#include "sheet/forms/pick_list_frame.h"
 #include "sheet/forms/procedures_frame.h"
 #include "sheet/forms/sheet_desk.h"
 #include "sheet/forms/tetad_kieg1.h"

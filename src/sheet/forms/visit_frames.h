@@ -2,7 +2,7 @@
 // bind their fields to each other.
 #pragma once
 
-#include "sheet/forms/form_group.h"
+#include "foundation/forms/form_group.h"
 
 #include <functional>
 

@@ -21,6 +21,8 @@ class QPushButton;
 
 namespace vandrel {
 
+using namespace Qt::StringLiterals;
+
 class ListPanel : public QWidget {
     Q_OBJECT
 
@@ -86,11 +88,11 @@ class ListPanel : public QWidget {
 };
 
 namespace list_texts {
-inline const QString period = QStringLiteral("[    Időszak    ]");
-inline const QString from = QStringLiteral("- tól");
-inline const QString to = QStringLiteral("- ig");
-inline const QString units = QStringLiteral("[    Mely munkahelyekre kér listát?    ]");
-inline const QString code = QStringLiteral("Kód:");
+inline const QString period = u"[    Időszak    ]"_s;
+inline const QString from = u"- tól"_s;
+inline const QString to = u"- ig"_s;
+inline const QString units = u"[    Mely munkahelyekre kér listát?    ]"_s;
+inline const QString code = u"Kód:"_s;
 } // namespace list_texts
 
 // A text of the menu for this opening, or the panel's own.

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 // This machine may have printers; the PDF file stands behind them in any case.
@@ -20,13 +22,13 @@ TEST(SystemPrinters, ThePdfFileIsTheLastPrinter) {
     });
     const std::vector<PrinterEntry> all = printers.printers();
     ASSERT_FALSE(all.empty());
-    EXPECT_EQ(all.back().deviceName, QStringLiteral("PDF fájl"));
-    EXPECT_EQ(all.back().port, QStringLiteral("fájl:"));
+    EXPECT_EQ(all.back().deviceName, u"PDF fájl"_s);
+    EXPECT_EQ(all.back().port, u"fájl:"_s);
     EXPECT_LT(printers.defaultPrinter(), static_cast<int>(all.size()));
 
     PrintJobSetup setup;
     setup.printer = static_cast<int>(all.size()) - 1;
-    setup.title = QStringLiteral("Forgalmi napló");
+    setup.title = u"Forgalmi napló"_s;
     const PrinterPaper paper = printers.paper(setup.printer);
     EXPECT_EQ(paper.code, 9);
     EXPECT_EQ(paper.width, 11906);
@@ -34,7 +36,7 @@ TEST(SystemPrinters, ThePdfFileIsTheLastPrinter) {
     setup.width = paper.width;
     setup.height = paper.height;
     EXPECT_EQ(printers.begin(setup), nullptr); // given up
-    EXPECT_EQ(asked, QStringList{QStringLiteral("Forgalmi napló.pdf")});
+    EXPECT_EQ(asked, QStringList{u"Forgalmi napló.pdf"_s});
 
     answer = directory.filePath(asked.front());
     auto job = printers.begin(setup);

@@ -19,18 +19,20 @@
 
 #include <cerrno>
 
+using namespace Qt::StringLiterals;
+
 namespace vandrel::test {
 
 namespace {
 
-const QString printTitle = QStringLiteral("Nyomtatás");
+const QString printTitle = u"Nyomtatás"_s;
 
 // Three pages on A4: 58 lines of 240 twips fit between the margins.
 struct PreviewScreen {
     explicit PreviewScreen(int lines = 58 * 3) {
-        document.setAppName(QStringLiteral("Havi lista"));
+        document.setAppName(u"Havi lista"_s);
         for (int line = 1; line <= lines; ++line)
-            document.AddText(QStringLiteral("sor %1").arg(line), {.fontName = QStringLiteral("Arial")});
+            document.AddText(u"sor %1"_s.arg(line), {.fontName = u"Arial"_s});
         ports.dialogue = &dialogue;
         ports.askSavePath = [this](QWidget*, const SaveQuestion& question) {
             asked = question;
@@ -51,10 +53,10 @@ struct PreviewScreen {
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
         QCoreApplication::processEvents();
     }
-    QPushButton* button(const char* name) { return window->findChild<QPushButton*>(QLatin1String(name)); }
-    QComboBox* zooms() { return window->findChild<QComboBox*>(QStringLiteral("Nezet")); }
-    QString status() { return window->findChild<QLabel*>(QStringLiteral("Oldal"))->text(); }
-    QString note() { return window->findChild<QLabel*>(QStringLiteral("Uzenet"))->text(); }
+    QPushButton* button(const char* name) { return window->findChild<QPushButton*>(QLatin1StringView(name)); }
+    QComboBox* zooms() { return window->findChild<QComboBox*>(u"Nezet"_s); }
+    QString status() { return window->findChild<QLabel*>(u"Oldal"_s)->text(); }
+    QString note() { return window->findChild<QLabel*>(u"Uzenet"_s)->text(); }
     double factor() { return window->area().scaling().factor; }
     void typeZoom(const QString& text) {
         zooms()->setFocus();
@@ -86,8 +88,7 @@ struct PreviewScreen {
 
     ExpectedDialogue dialogue;
     QTemporaryDir folder;
-    PrintStand stand{{standPrinter(QStringLiteral("Irodai nyomtató")),
-                      standPrinter(QStringLiteral("Kis lapok"), 11906, 9000)}};
+    PrintStand stand{{standPrinter(u"Irodai nyomtató"_s), standPrinter(u"Kis lapok"_s, 11906, 9000)}};
     qcPrinter document{stand.engine};
     PreviewPorts ports;
     SaveQuestion asked;
@@ -102,10 +103,10 @@ struct PreviewScreen {
 TEST(PreviewWindow, PagesByKeysAndOnlyThoseLookedAtAreDrawn) {
     PreviewScreen screen;
     screen.open();
-    EXPECT_EQ(screen.window->windowTitle(), QStringLiteral("Nyomtatás előnézet"));
+    EXPECT_EQ(screen.window->windowTitle(), u"Nyomtatás előnézet"_s);
     EXPECT_EQ(screen.drawn, 1);
     const auto expect = [&](const char* status, bool previous, bool next) {
-        EXPECT_EQ(screen.status(), QLatin1String(status));
+        EXPECT_EQ(screen.status(), QLatin1StringView(status));
         EXPECT_EQ(screen.button("Elozo")->isEnabled(), previous) << status;
         EXPECT_EQ(screen.button("Kovetkezo")->isEnabled(), next) << status;
     };
@@ -130,13 +131,13 @@ TEST(PreviewWindow, PagesByKeysAndOnlyThoseLookedAtAreDrawn) {
     screen.button("Kovetkezo")->setFocus();
     pressKey(Qt::Key_Return);
     expect("2 / 3", true, true);
-    EXPECT_EQ(screen.zooms()->currentText(), QStringLiteral("100 %"));
+    EXPECT_EQ(screen.zooms()->currentText(), u"100 %"_s);
     pressKey(Qt::Key_Escape);
     EXPECT_FALSE(screen.window->isVisible());
 
     PreviewScreen single(1);
     single.open();
-    EXPECT_EQ(single.status(), QStringLiteral("1 / 1"));
+    EXPECT_EQ(single.status(), u"1 / 1"_s);
     EXPECT_FALSE(single.button("Elozo")->isEnabled() || single.button("Kovetkezo")->isEnabled());
     EXPECT_FALSE(single.button("MentesTablazat")->isEnabled());
 }
@@ -147,7 +148,7 @@ TEST(PreviewWindow, ZoomsAreChosenAndTyped) {
     QStringList entries;
     for (int entry = 0; entry < screen.zooms()->count(); ++entry)
         entries << screen.zooms()->itemText(entry);
-    EXPECT_EQ(entries.join(u'|'), QStringLiteral("100 %|75 %|50 %|Teljes oldal|Teljes szélesség"));
+    EXPECT_EQ(entries.join(u'|'), u"100 %|75 %|50 %|Teljes oldal|Teljes szélesség"_s);
 
     struct Step {
         const char* typed;
@@ -171,14 +172,14 @@ TEST(PreviewWindow, ZoomsAreChosenAndTyped) {
     pressKey(Qt::Key_Down);
     EXPECT_EQ(screen.window->zoom(), preview::wholePage);
     EXPECT_DOUBLE_EQ(screen.factor(), (screen.window->area().height() * 15 - 480) / 16838.0);
-    screen.typeZoom(QStringLiteral("x"));
-    EXPECT_EQ(screen.zooms()->currentText(), QStringLiteral("Teljes oldal"));
+    screen.typeZoom(u"x"_s);
+    EXPECT_EQ(screen.zooms()->currentText(), u"Teljes oldal"_s);
     // What was typed without Enter goes when the field is left.
     screen.zooms()->lineEdit()->selectAll();
-    typeText(QStringLiteral("120"));
+    typeText(u"120"_s);
     screen.window->area().setFocus();
     QCoreApplication::processEvents();
-    EXPECT_EQ(screen.zooms()->currentText(), QStringLiteral("Teljes oldal"));
+    EXPECT_EQ(screen.zooms()->currentText(), u"Teljes oldal"_s);
     // The window is resized: the whole page follows.
     screen.window->resize(1000, 500);
     QCoreApplication::processEvents();
@@ -190,7 +191,7 @@ TEST(PreviewWindow, ScrollsAndDrawsAtTheZoomsOwnResolution) {
     PreviewScreen screen(1);
     (*screen.document.TextItem().begin()).setUnderlineAll(1); // 2.4 twips: under a pixel at every zoom
     screen.open();
-    screen.typeZoom(QStringLiteral("200"));
+    screen.typeZoom(u"200"_s);
     PreviewArea& area = screen.window->area();
     area.setFocus();
     const preview::Scaling& scaling = area.scaling();
@@ -214,7 +215,7 @@ TEST(PreviewWindow, ScrollsAndDrawsAtTheZoomsOwnResolution) {
     EXPECT_EQ(area.verticalBar()->value(), area.verticalBar()->maximum());
     QTest::mouseClick(area.verticalBar(), Qt::LeftButton);
     EXPECT_TRUE(area.hasFocus());
-    screen.typeZoom(QStringLiteral("150"));
+    screen.typeZoom(u"150"_s);
     EXPECT_EQ(area.verticalBar()->value(), 0);
 }
 
@@ -223,11 +224,10 @@ TEST(PrintDialog, OptionsRangeAndPrinters) {
     screen.open();
     pressKey(Qt::Key_PageDown);
     screen.print([](frmPrint& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Nyomtató beállítás"));
-        EXPECT_EQ(dialog.findChild<QLabel*>(QStringLiteral("Oldal"))->text(), QStringLiteral("2 / 3"));
-        EXPECT_EQ(dialog.findChild<QComboBox*>(QStringLiteral("PrinterNumber"))->itemText(1),
-                  QStringLiteral("Kis lapok on LPT1"));
-        EXPECT_EQ(focusName(), QStringLiteral("PrintDoc"));
+        EXPECT_EQ(dialog.windowTitle(), u"Nyomtató beállítás"_s);
+        EXPECT_EQ(dialog.findChild<QLabel*>(u"Oldal"_s)->text(), u"2 / 3"_s);
+        EXPECT_EQ(dialog.findChild<QComboBox*>(u"PrinterNumber"_s)->itemText(1), u"Kis lapok on LPT1"_s);
+        EXPECT_EQ(focusName(), u"PrintDoc"_s);
         pressKey(Qt::Key_Escape);
     });
     EXPECT_TRUE(screen.stand.printers.jobs.empty());
@@ -235,75 +235,74 @@ TEST(PrintDialog, OptionsRangeAndPrinters) {
     ASSERT_EQ(screen.stand.printers.jobs.size(), 1U);
     EXPECT_TRUE(screen.stand.printers.jobs.back()->ended);
     EXPECT_EQ(screen.pagesOfLastJob(), 3U);
-    EXPECT_EQ(screen.stand.printers.jobs.back()->setup.title, QStringLiteral("Havi lista"));
+    EXPECT_EQ(screen.stand.printers.jobs.back()->setup.title, u"Havi lista"_s);
 
     screen.print([&](frmPrint& dialog) {
         const auto text = [&](const char* name) {
-            return dialog.findChild<QLineEdit*>(QLatin1String(name))->text();
+            return dialog.findChild<QLineEdit*>(QLatin1StringView(name))->text();
         };
-        auto* from = dialog.findChild<QLineEdit*>(QStringLiteral("PageStart"));
-        dialog.findChild<QRadioButton*>(QStringLiteral("MindenOldal"))->setFocus();
+        auto* from = dialog.findChild<QLineEdit*>(u"PageStart"_s);
+        dialog.findChild<QRadioButton*>(u"MindenOldal"_s)->setFocus();
         pressKey(Qt::Key_Down);
-        EXPECT_EQ(text("PageStart") + text("PageEnd"), QStringLiteral("22"));
+        EXPECT_EQ(text("PageStart") + text("PageEnd"), u"22"_s);
         EXPECT_FALSE(from->isEnabled());
         pressKey(Qt::Key_Down);
-        EXPECT_EQ(text("PageStart") + text("PageEnd"), QStringLiteral("13"));
+        EXPECT_EQ(text("PageStart") + text("PageEnd"), u"13"_s);
         pressKey(Qt::Key_Return);
-        EXPECT_EQ(focusName(), QStringLiteral("PageStart"));
-        typeText(QStringLiteral("3x"));
+        EXPECT_EQ(focusName(), u"PageStart"_s);
+        typeText(u"3x"_s);
         pressKey(Qt::Key_Return);
-        typeText(QStringLiteral("2"));
+        typeText(u"2"_s);
         pressKey(Qt::Key_Down);
-        EXPECT_EQ(focusName(), QStringLiteral("Copies"));
+        EXPECT_EQ(focusName(), u"Copies"_s);
         pressKey(Qt::Key_Delete);
         pressKey(Qt::Key_Return);
-        EXPECT_EQ(focusName(), QStringLiteral("Collate"));
+        EXPECT_EQ(focusName(), u"Collate"_s);
         pressKey(Qt::Key_Return);
-        screen.dialogue.expect(QStringLiteral("Please enter a valid page range."),
-                               QStringLiteral("Range Error"), Icon::warning);
+        screen.dialogue.expect(u"Please enter a valid page range."_s, u"Range Error"_s, Icon::warning);
         pressKey(Qt::Key_Return);
         EXPECT_TRUE(dialog.isVisible());
-        EXPECT_EQ(focusName(), QStringLiteral("PageStart"));
-        typeText(QStringLiteral("2"));
-        dialog.findChild<QPushButton*>(QStringLiteral("PrintDoc"))->setFocus();
+        EXPECT_EQ(focusName(), u"PageStart"_s);
+        typeText(u"2"_s);
+        dialog.findChild<QPushButton*>(u"PrintDoc"_s)->setFocus();
         pressKey(Qt::Key_Return);
         EXPECT_EQ(dialog.Copies(), 0);
     });
     ASSERT_EQ(screen.stand.printers.jobs.size(), 2U);
     EXPECT_EQ(screen.pagesOfLastJob(), 1U);
-    EXPECT_EQ(screen.stand.printers.jobs.back()->pages[0].texts[0].text, QStringLiteral("sor 59"));
+    EXPECT_EQ(screen.stand.printers.jobs.back()->pages[0].texts[0].text, u"sor 59"_s);
 
     // A click into a closed range field chooses the range.
     screen.print([](frmPrint& dialog) {
-        auto* to = dialog.findChild<QLineEdit*>(QStringLiteral("PageEnd"));
+        auto* to = dialog.findChild<QLineEdit*>(u"PageEnd"_s);
         QTest::mouseClick(to, Qt::LeftButton);
-        EXPECT_TRUE(dialog.findChild<QRadioButton*>(QStringLiteral("Oldaltartomany"))->isChecked());
-        EXPECT_EQ(focusName(), QStringLiteral("PageEnd"));
+        EXPECT_TRUE(dialog.findChild<QRadioButton*>(u"Oldaltartomany"_s)->isChecked());
+        EXPECT_EQ(focusName(), u"PageEnd"_s);
     });
 
     // Another printer with smaller paper: all pages still means all, in copies page by page.
     screen.print([](frmPrint& dialog) {
-        dialog.findChild<QComboBox*>(QStringLiteral("PrinterNumber"))->setFocus();
+        dialog.findChild<QComboBox*>(u"PrinterNumber"_s)->setFocus();
         pressKey(Qt::Key_Down);
-        dialog.findChild<QLineEdit*>(QStringLiteral("Copies"))->setText(QStringLiteral("2"));
-        dialog.findChild<QCheckBox*>(QStringLiteral("Collate"))->setFocus();
+        dialog.findChild<QLineEdit*>(u"Copies"_s)->setText(u"2"_s);
+        dialog.findChild<QCheckBox*>(u"Collate"_s)->setFocus();
         pressKey(Qt::Key_Space);
-        dialog.findChild<QPushButton*>(QStringLiteral("PrintDoc"))->setFocus();
+        dialog.findChild<QPushButton*>(u"PrintDoc"_s)->setFocus();
         pressKey(Qt::Key_Return);
     });
     ASSERT_EQ(screen.stand.printers.jobs.size(), 3U);
     const auto& job = *screen.stand.printers.jobs.back();
     EXPECT_EQ(job.setup.printer, 1);
-    EXPECT_EQ(screen.status(), QStringLiteral("2 / 7")); // 25 lines a page
+    EXPECT_EQ(screen.status(), u"2 / 7"_s); // 25 lines a page
     ASSERT_EQ(job.pages.size(), 14U);
-    EXPECT_EQ(job.pages[1].texts[0].text, QStringLiteral("sor 1"));
-    EXPECT_EQ(job.pages[13].texts.back().text, QStringLiteral("sor 174"));
+    EXPECT_EQ(job.pages[1].texts[0].text, u"sor 1"_s);
+    EXPECT_EQ(job.pages[13].texts.back().text, u"sor 174"_s);
 
     // Without its bits the dialog keeps the printer in use and has one frame.
     screen.document.setPrintOptions(0);
     screen.print([](frmPrint& dialog) {
-        EXPECT_FALSE(dialog.findChild<QComboBox*>(QStringLiteral("PrinterNumber"))->isVisible());
-        EXPECT_FALSE(dialog.findChild<QLineEdit*>(QStringLiteral("Copies"))->isVisible());
+        EXPECT_FALSE(dialog.findChild<QComboBox*>(u"PrinterNumber"_s)->isVisible());
+        EXPECT_FALSE(dialog.findChild<QLineEdit*>(u"Copies"_s)->isVisible());
         EXPECT_EQ(dialog.PrinterNumber(), 1);
     });
 }
@@ -313,16 +312,16 @@ TEST(PreviewWindow, StaysWithTheDocumentWhenPrintingFails) {
     screen.open();
     const auto print = [&] { screen.print([](frmPrint&) { pressKey(Qt::Key_Return); }); };
     screen.stand.printers.entries[0].vanished = true;
-    screen.dialogue.expect(QStringLiteral("Nincs telepítve nyomtató, Ambuláns adatlap nem nyomtatható ki!"),
-                           printTitle, Icon::warning);
+    screen.dialogue.expect(u"Nincs telepítve nyomtató, Ambuláns adatlap nem nyomtatható ki!"_s, printTitle,
+                           Icon::warning);
     print();
     screen.stand.printers.entries[0].vanished = false;
     screen.stand.printers.entries[0].faultyPage = 2;
-    screen.dialogue.expect(QStringLiteral("Hiba lépett fel a nyomtatás során! 57\nA nyomtató hibát jelzett."),
-                           printTitle, Icon::warning);
+    screen.dialogue.expect(u"Hiba lépett fel a nyomtatás során! 57\nA nyomtató hibát jelzett."_s, printTitle,
+                           Icon::warning);
     print();
     EXPECT_FALSE(screen.stand.printers.jobs.back()->ended);
-    EXPECT_EQ(screen.status(), QStringLiteral("1 / 3"));
+    EXPECT_EQ(screen.status(), u"1 / 3"_s);
     EXPECT_TRUE(screen.button("Nyomtat")->isEnabled());
     EXPECT_FALSE(screen.stand.engine.pagePrinted);
     screen.stand.printers.entries[0].faultyPage = 0;
@@ -339,11 +338,11 @@ TEST(PreviewWindow, StaysWithTheDocumentWhenPrintingFails) {
         };
         pressKey(Qt::Key_Return);
     });
-    EXPECT_EQ(status, QStringLiteral("Nyomtatás..."));
+    EXPECT_EQ(status, u"Nyomtatás..."_s);
     EXPECT_FALSE(open);
     EXPECT_TRUE(screen.window->isVisible());
     EXPECT_TRUE(screen.stand.printers.jobs.back()->ended);
-    EXPECT_EQ(screen.status(), QStringLiteral("1 / 3"));
+    EXPECT_EQ(screen.status(), u"1 / 3"_s);
 
     // The owner may want to hear of faults himself.
     int number = 0;
@@ -369,9 +368,9 @@ TEST(PreviewWindow, LongPrintingTakesNoInputButAsksBeforeItStops) {
         PrintingWatch watch(stand.engine, dialogue, [&](int done, int) { shown << done; });
         EXPECT_TRUE(stand.engine.pagePrinted(1, 9));
         QTest::qSleep(60);
-        post(Qt::Key_A, QStringLiteral("a"));
+        post(Qt::Key_A, u"a"_s);
         EXPECT_TRUE(stand.engine.pagePrinted(2, 9));
-        const QString question = QStringLiteral("Megszakítja a nyomtatást?");
+        const QString question = u"Megszakítja a nyomtatást?"_s;
         post(Qt::Key_Escape, {});
         dialogue.expectQuestion(question, Answer::no, printTitle);
         QTest::qSleep(60);
@@ -381,45 +380,45 @@ TEST(PreviewWindow, LongPrintingTakesNoInputButAsksBeforeItStops) {
         dialogue.expectQuestion(question, Answer::yes, printTitle);
         QTest::qSleep(60);
         EXPECT_FALSE(stand.engine.pagePrinted(4, 9));
-        post(Qt::Key_B, QStringLiteral("b"));
+        post(Qt::Key_B, u"b"_s);
     }
     EXPECT_TRUE(field.isVisible());
     EXPECT_EQ(field.text(), QString());
     EXPECT_EQ(shown.value(0), 1);
     EXPECT_GT(shown.size(), 1);
     EXPECT_FALSE(stand.engine.pagePrinted(1, 1)); // the one that stood there before
-    post(Qt::Key_C, QStringLiteral("c"));
+    post(Qt::Key_C, u"c"_s);
     QCoreApplication::processEvents();
-    EXPECT_EQ(field.text(), QStringLiteral("c"));
+    EXPECT_EQ(field.text(), u"c"_s);
 }
 
 TEST(PreviewWindow, SavesAsPdf) {
     PreviewScreen screen;
     screen.open();
     const auto save = [] { pressKey(Qt::Key_S, Qt::ControlModifier); };
-    const QString path = screen.folder.filePath(QStringLiteral("Őszi lista"));
+    const QString path = screen.folder.filePath(u"Őszi lista"_s);
     save(); // given up
-    EXPECT_EQ(QFileInfo(screen.asked.suggestion).fileName(), QStringLiteral("Havi lista.pdf"));
+    EXPECT_EQ(QFileInfo(screen.asked.suggestion).fileName(), u"Havi lista.pdf"_s);
     screen.answer = SaveAnswer{path, 0};
     save();
-    const QString file = path + QStringLiteral(".pdf");
+    const QString file = path + u".pdf"_s;
     const QByteArray first = fileBytes(file);
     EXPECT_TRUE(first.startsWith("%PDF"));
     EXPECT_EQ(first.count("/Type /Page\n"), 3);
-    EXPECT_EQ(screen.note(), QStringLiteral("Mentve: Őszi lista.pdf"));
+    EXPECT_EQ(screen.note(), u"Mentve: Őszi lista.pdf"_s);
 
     // An earlier file goes only when the user says so, and the folder is remembered.
-    const QString question = QStringLiteral("A(z) \"Őszi lista.pdf\" fájl már létezik. Felülírja?");
-    screen.document.AddText(QStringLiteral("még egy"), {.fontName = QStringLiteral("Arial")});
-    screen.dialogue.expectQuestion(question, Answer::no, QStringLiteral("Mentés PDF-be"), Icon::warning);
+    const QString question = u"A(z) \"Őszi lista.pdf\" fájl már létezik. Felülírja?"_s;
+    screen.document.AddText(u"még egy"_s, {.fontName = u"Arial"_s});
+    screen.dialogue.expectQuestion(question, Answer::no, u"Mentés PDF-be"_s, Icon::warning);
     save();
     EXPECT_EQ(fileBytes(file), first);
     EXPECT_EQ(QFileInfo(screen.asked.suggestion).absolutePath(), screen.folder.path());
-    screen.dialogue.expectQuestion(question, Answer::yes, QStringLiteral("Mentés PDF-be"), Icon::warning);
+    screen.dialogue.expectQuestion(question, Answer::yes, u"Mentés PDF-be"_s, Icon::warning);
     save();
     EXPECT_EQ(fileBytes(file).count("/Type /Page\n"), 4);
 
-    const QString nowhere = screen.folder.filePath(QStringLiteral("nincs/lista.pdf"));
+    const QString nowhere = screen.folder.filePath(u"nincs/lista.pdf"_s);
     screen.answer = SaveAnswer{nowhere, 0};
     screen.dialogue.expect(printFaultText(fileFault(ENOENT, nowhere)), printTitle, Icon::warning);
     save();
@@ -430,27 +429,27 @@ TEST(PreviewWindow, SavesAsPdf) {
 
 TEST(PreviewWindow, SavesTheTableInTheChosenEncoding) {
     PreviewScreen screen;
-    screen.document.table().addRow({QStringLiteral("Név"), QStringLiteral("Összeg")});
-    screen.document.table().addRow({QStringLiteral("Őri 雪"), QStringLiteral("1,5")});
+    screen.document.table().addRow({u"Név"_s, u"Összeg"_s});
+    screen.document.table().addRow({u"Őri 雪"_s, u"1,5"_s});
     screen.open();
     const auto save = [] { pressKey(Qt::Key_T, Qt::ControlModifier); };
-    const QString path = screen.folder.filePath(QStringLiteral("tábla.csv"));
+    const QString path = screen.folder.filePath(u"tábla.csv"_s);
     screen.answer = SaveAnswer{path, 1};
-    const QString question = QStringLiteral(
-        "A választott kódolásban 1 karakter nem írható le, helyükre kérdőjel kerül. Folytatja a mentést?");
-    screen.dialogue.expectQuestion(question, Answer::no, QStringLiteral("Mentés táblázatba"), Icon::warning);
+    const QString question =
+        u"A választott kódolásban 1 karakter nem írható le, helyükre kérdőjel kerül. Folytatja a mentést?"_s;
+    screen.dialogue.expectQuestion(question, Answer::no, u"Mentés táblázatba"_s, Icon::warning);
     save();
     EXPECT_FALSE(QFile::exists(path));
     EXPECT_EQ(screen.asked.filters.size(), 2);
-    screen.dialogue.expectQuestion(question, Answer::yes, QStringLiteral("Mentés táblázatba"), Icon::warning);
+    screen.dialogue.expectQuestion(question, Answer::yes, u"Mentés táblázatba"_s, Icon::warning);
     save();
     EXPECT_EQ(fileBytes(path), QByteArray("N\xE9v;\xD6sszeg\r\n\xD5ri ?;1,5\r\n"));
-    const QString other = screen.folder.filePath(QStringLiteral("utf"));
+    const QString other = screen.folder.filePath(u"utf"_s);
     screen.answer = SaveAnswer{other, 0};
     save();
-    EXPECT_EQ(fileBytes(other + QStringLiteral(".csv")),
-              QByteArray("\xEF\xBB\xBF") + QStringLiteral("Név;Összeg\r\nŐri 雪;1,5\r\n").toUtf8());
-    EXPECT_EQ(screen.note(), QStringLiteral("Mentve: utf.csv"));
+    EXPECT_EQ(fileBytes(other + u".csv"_s),
+              QByteArray("\xEF\xBB\xBF") + u"Név;Összeg\r\nŐri 雪;1,5\r\n"_s.toUtf8());
+    EXPECT_EQ(screen.note(), u"Mentve: utf.csv"_s);
 }
 
 TEST(PreviewWindow, IsModalAndStandsWhereItStood) {

@@ -1,5 +1,5 @@
 // Rows of labels and fields.
-#include "sheet/forms/form_group.h"
+#include "foundation/forms/form_group.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

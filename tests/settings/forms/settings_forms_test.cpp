@@ -1,10 +1,10 @@
 // Institution, workstation label, status note and the small windows, typed into with real keys.
 #include "foundation/forms/field_chain.h"
 #include "foundation/forms/frmAbout.h"
+#include "foundation/forms/nemform.h"
 #include "settings/forms/gepazonform.h"
 #include "settings/forms/intad.h"
 #include "settings/forms/kornyform.h"
-#include "settings/forms/nemform.h"
 #include "support/keyboard.h"
 #include "support/test_workstation.h"
 
@@ -49,7 +49,7 @@ TEST(IntadForm, TypedByKeyboardAloneAndStored) {
                                                           {"Login", "név"},
                                                           {"Password", "jelszó"}};
     for (const auto& [name, text] : fields) {
-        EXPECT_EQ(focusName(), QLatin1String(name));
+        EXPECT_EQ(focusName(), QLatin1StringView(name));
         EXPECT_FALSE(QApplication::focusWidget()->accessibleName().isEmpty());
         enter(QString::fromUtf8(text));
     }
@@ -169,10 +169,10 @@ TEST(SmallWindows, EnvironmentAndAboutBox) {
     about.findChild<QPushButton*>(u"cmdSysInfo"_s)->setFocus();
     pressKey(Qt::Key_Return);
     EXPECT_TRUE(machine->isVisible());
-    const QStringList lines = machine->toPlainText().split(QLatin1Char('\n'));
+    const QStringList lines = machine->toPlainText().split('\n'_L1);
     ASSERT_EQ(lines.size(), 11);
     EXPECT_EQ(lines[6], u"Programmappa: "_s + test.directory.path());
-    EXPECT_EQ(lines[9], u"Qt: "_s + QLatin1String(qVersion()));
+    EXPECT_EQ(lines[9], u"Qt: "_s + QLatin1StringView(qVersion()));
     for (const QString& line : lines)
         EXPECT_FALSE(line.section(": "_L1, 1).trimmed().isEmpty()) << line.toStdString();
     pressKey(Qt::Key_Escape);

@@ -47,7 +47,8 @@ class StatisticsScreen : public testing::Test {
         QCoreApplication::processEvents();
         const QString folder = qEnvironmentVariable("VANDREL_PICTURES");
         if (!folder.isEmpty())
-            form->grab().save(QDir(folder).filePath(u"statisztForm-"_s + QLatin1String(menu) + u".png"_s));
+            form->grab().save(
+                QDir(folder).filePath(u"statisztForm-"_s + QLatin1StringView(menu) + u".png"_s));
     }
     void keepPicture(const QString& name) {
         const QString folder = qEnvironmentVariable("VANDREL_PICTURES");
@@ -55,7 +56,7 @@ class StatisticsScreen : public testing::Test {
     }
     template<class Widget = QWidget>
     Widget* part(const char* name) {
-        return form->findChild<Widget*>(QLatin1String(name));
+        return form->findChild<Widget*>(QLatin1StringView(name));
     }
     QString label(const char* name) { return part<QLabel>(name)->text(); }
     bool enabled(const char* name) { return part(name)->isEnabled(); }

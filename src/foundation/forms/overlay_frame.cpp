@@ -1,5 +1,5 @@
 // The shade, the panel in its middle, and the ways out.
-#include "sheet/forms/overlay_frame.h"
+#include "foundation/forms/overlay_frame.h"
 
 #include <QApplication>
 #include <QFrame>

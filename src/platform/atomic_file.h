@@ -7,11 +7,11 @@
 
 namespace vandrel {
 
-class WholeFile : public QSaveFile {
+class AtomicFile : public QSaveFile {
   public:
     // Opens a file beside the one of that name. Faults: pathNotFound, pathAccess (also a folder or a device
     // of that name, and an earlier file that may not be written), diskFull.
-    explicit WholeFile(const QString& path);
+    explicit AtomicFile(const QString& path);
 
     // The fault of the first write that failed; for writers that do not look themselves.
     void check() const;

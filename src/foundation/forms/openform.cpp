@@ -1,4 +1,4 @@
-#include "reports/forms/openform.h"
+#include "foundation/forms/openform.h"
 
 #include "foundation/forms/field_chain.h"
 
@@ -13,6 +13,8 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
 
 namespace vandrel {
 
@@ -34,33 +36,33 @@ constexpr Kind kinds[] = {
 
 const Kind& kindOf(const QString& fajta) {
     for (const Kind& kind : kinds)
-        if (fajta == QLatin1String(kind.fajta)) return kind;
+        if (fajta == QLatin1StringView(kind.fajta)) return kind;
     return kinds[0];
 }
 
-const QString parentFolder = QStringLiteral("..");
+const QString parentFolder = u".."_s;
 
 } // namespace
 
 openform::openform(Workstation& station, QWidget* opener, const QString& fajta, Chosen chosen)
     : WorkForm(station, opener), m_fajta(fajta), m_chosen(std::move(chosen)), m_drives(new QComboBox),
       m_folders(new QListWidget), m_files(new QListWidget), m_path(new QLineEdit) {
-    setObjectName(QStringLiteral("openform"));
-    setWindowTitle(QStringLiteral("Megnyitás"));
+    setObjectName(u"openform"_s);
+    setWindowTitle(u"Megnyitás"_s);
 
     const auto name = [](QWidget* widget, const QString& objectName, const QString& accessible) {
         widget->setObjectName(objectName);
         widget->setAccessibleName(accessible);
     };
-    name(m_drives, QStringLiteral("Meghajtok"), QStringLiteral("Meghajtó"));
-    name(m_folders, QStringLiteral("Mappak"), QStringLiteral("Mappa"));
-    name(m_files, QStringLiteral("Fajlok"), QStringLiteral("Fájlok"));
-    name(m_path, QStringLiteral("Utvonal"), QStringLiteral("Választott elérési út:"));
-    auto* take = new QPushButton(QStringLiteral("Megnyit"));
-    name(take, QStringLiteral("Megnyit"), take->text());
+    name(m_drives, u"Meghajtok"_s, u"Meghajtó"_s);
+    name(m_folders, u"Mappak"_s, u"Mappa"_s);
+    name(m_files, u"Fajlok"_s, u"Fájlok"_s);
+    name(m_path, u"Utvonal"_s, u"Választott elérési út:"_s);
+    auto* take = new QPushButton(u"Megnyit"_s);
+    name(take, u"Megnyit"_s, take->text());
     take->setAutoDefault(true);
-    auto* leave = new QPushButton(QStringLiteral("Mégse"));
-    name(leave, QStringLiteral("Megse"), leave->text());
+    auto* leave = new QPushButton(u"Mégse"_s);
+    name(leave, u"Megse"_s, leave->text());
     leave->setAutoDefault(true);
     m_folders->setMinimumSize(300, 240);
     m_files->setMinimumSize(220, 240);
@@ -77,10 +79,10 @@ openform::openform(Workstation& station, QWidget* opener, const QString& fajta, 
         label->setBuddy(widget);
         grid->addWidget(label, 0, at);
     };
-    column(QStringLiteral("&Meghajtó:"), m_drives, 0);
-    column(QStringLiteral("&Fájlok:"), m_files, 1);
+    column(u"&Meghajtó:"_s, m_drives, 0);
+    column(u"&Fájlok:"_s, m_files, 1);
     grid->addWidget(m_drives, 1, 0);
-    auto* foldersLabel = new QLabel(QStringLiteral("Ma&ppa:"));
+    auto* foldersLabel = new QLabel(u"Ma&ppa:"_s);
     foldersLabel->setBuddy(m_folders);
     grid->addWidget(foldersLabel, 2, 0);
     grid->addWidget(m_folders, 3, 0);
@@ -89,7 +91,7 @@ openform::openform(Workstation& station, QWidget* opener, const QString& fajta, 
     grid->setColumnStretch(1, 2);
     grid->setRowStretch(3, 1);
 
-    auto* pathLabel = new QLabel(QStringLiteral("Választott elérési út:"));
+    auto* pathLabel = new QLabel(u"Választott elérési út:"_s);
     pathLabel->setBuddy(m_path);
     auto* pathRow = new QHBoxLayout;
     pathRow->addWidget(pathLabel);
@@ -173,7 +175,7 @@ void openform::take() {
     const QString typed = m_path->text();
     // Only a folder that is there can be chosen; on a machine without drives "a:" is none.
     if (typed.trimmed().isEmpty() || !QDir::isAbsolutePath(typed) || !QFileInfo(typed).isDir()) {
-        station().dialogue.tell(QStringLiteral("Nem található az elérési útvonal!"));
+        station().dialogue.tell(u"Nem található az elérési útvonal!"_s);
         SelectAll(m_path);
         return;
     }

@@ -1,7 +1,7 @@
 // The month picker behind the calendar buttons: Hungarian, Monday first, worked by keys or mouse.
 #pragma once
 
-#include "sheet/forms/overlay_frame.h"
+#include "foundation/forms/overlay_frame.h"
 
 #include <QDate>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "foundation/forms/work_form.h"
-#include "reports/report_target.h"
+#include "foundation/volumes.h"
 
 #include <functional>
 

@@ -36,7 +36,7 @@ QStringList words(const QString& text) {
     return text.split(u' ');
 }
 
-// A main window with surroundings that write down what happens.
+// A main window with environment that write down what happens.
 struct Shell {
     explicit Shell(Workstation& station)
         : window(station, {[this] {
@@ -70,7 +70,7 @@ struct Shell {
         for (int turn = 0; turn < 5; ++turn)
             QCoreApplication::processEvents();
     }
-    QAction* action(const char* name) { return window.findChild<QAction*>(QLatin1String(name)); }
+    QAction* action(const char* name) { return window.findChild<QAction*>(QLatin1StringView(name)); }
     QToolButton* button(int index) { return window.findChild<QToolButton*>(u"Toolbar1_%1"_s.arg(index)); }
     QPushButton* link(const char* text) { return window.findChild<QPushButton*>(QString::fromUtf8(text)); }
     QListWidget* warnings() { return window.findChild<QListWidget*>(u"figyelmeztetesek"_s); }
@@ -104,8 +104,7 @@ struct Shell {
 
 void listMenu(const QList<QAction*>& actions, int depth, QString& text) {
     for (const QAction* action : actions) {
-        text += QString(depth * 2, QLatin1Char(' ')) + action->objectName() + u" \""_s + action->text() +
-                u"\"\n"_s;
+        text += QString(depth * 2, ' '_L1) + action->objectName() + u" \""_s + action->text() + u"\"\n"_s;
         if (action->menu() != nullptr) listMenu(action->menu()->actions(), depth + 1, text);
     }
 }

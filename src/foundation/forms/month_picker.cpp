@@ -1,5 +1,5 @@
 // A calendar in a frame over the sheet.
-#include "sheet/forms/month_picker.h"
+#include "foundation/forms/month_picker.h"
 
 #include "platform/format.h"
 

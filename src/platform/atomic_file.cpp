@@ -1,4 +1,4 @@
-#include "platform/whole_file.h"
+#include "platform/atomic_file.h"
 
 #include <QFileInfo>
 
@@ -8,7 +8,7 @@
 
 namespace vandrel {
 
-WholeFile::WholeFile(const QString& path) : QSaveFile(path) {
+AtomicFile::AtomicFile(const QString& path) : QSaveFile(path) {
     const QFileInfo present(path);
     if (present.isDir()) throw fileFault(EISDIR, path);
     // Renaming over a device would replace it, and over a protected file would ignore its protection.
@@ -20,18 +20,18 @@ WholeFile::WholeFile(const QString& path) : QSaveFile(path) {
     if (path.isEmpty() || !open(QIODevice::WriteOnly)) throw fileFault(errno != 0 ? errno : EACCES, path);
 }
 
-qint64 WholeFile::writeData(const char* data, qint64 length) {
+qint64 AtomicFile::writeData(const char* data, qint64 length) {
     errno = 0;
     const qint64 written = QSaveFile::writeData(data, length);
     if (written != length && m_writeError == 0) m_writeError = errno != 0 ? errno : EIO;
     return written;
 }
 
-void WholeFile::check() const {
+void AtomicFile::check() const {
     if (m_writeError != 0) throw fileFault(m_writeError, fileName());
 }
 
-void WholeFile::keep() {
+void AtomicFile::keep() {
     errno = 0;
     // commit() flushes too, but does not look at the result.
     if (!flush() && m_writeError == 0) m_writeError = errno != 0 ? errno : EIO;

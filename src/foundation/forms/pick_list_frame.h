@@ -3,7 +3,7 @@
 #pragma once
 
 #include "foundation/code_lists.h"
-#include "sheet/forms/overlay_frame.h"
+#include "foundation/forms/overlay_frame.h"
 
 #include <memory>
 

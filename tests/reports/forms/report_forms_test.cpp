@@ -1,7 +1,7 @@
 // The report screens by keyboard: the month's report, the choice of the target, the write-back of the marks.
+#include "foundation/forms/openform.h"
 #include "reports/forms/flujForm.h"
 #include "reports/forms/levForm.h"
-#include "reports/forms/openform.h"
 #include "support/keyboard.h"
 #include "support/report_data.h"
 
@@ -144,7 +144,7 @@ TEST_F(ReportForms, TheMonthsReportByKeyboard) {
 
 TEST_F(ReportForms, NoDataLetsTheUserTryAnotherPeriod) {
     levForm form(test.workstation, &opener, u"0"_s);
-    test.workstation.reportTarget = test.path({}) + QLatin1Char('/');
+    test.workstation.reportTarget = test.path({}) + '/'_L1;
     show(form);
     test.dialogue.expect(
         u"Nincs a feltételeknek megfelelő adat!\nLehetséges hibák: \n\t - a megadott dátumintervallumra "

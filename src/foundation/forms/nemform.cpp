@@ -1,4 +1,4 @@
-#include "settings/forms/nemform.h"
+#include "foundation/forms/nemform.h"
 
 #include "foundation/forms/window_helpers.h"
 #include "foundation/forms/work_form.h"
@@ -10,6 +10,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
 
 namespace vandrel {
 
@@ -28,20 +30,20 @@ QWidget* windowInFront() {
 } // namespace
 
 nemform::nemform() : QWidget(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::CustomizeWindowHint) {
-    setObjectName(QStringLiteral("nemform"));
-    setWindowTitle(QStringLiteral("Figyelmeztetés"));
+    setObjectName(u"nemform"_s);
+    setWindowTitle(u"Figyelmeztetés"_s);
     setWindowModality(Qt::ApplicationModal);
 
     m_text = new QLabel;
-    m_text->setObjectName(QStringLiteral("szoveg"));
+    m_text->setObjectName(u"szoveg"_s);
     m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
     m_text->setAlignment(Qt::AlignCenter);
     m_text->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     m_text->setMargin(14);
     m_text->setMinimumSize(460, 80);
-    m_button = new QPushButton(QStringLiteral("OK"));
-    m_button->setObjectName(QStringLiteral("OK"));
+    m_button = new QPushButton(u"OK"_s);
+    m_button->setObjectName(u"OK"_s);
     m_button->setAccessibleName(m_button->text());
     connect(m_button, &QPushButton::clicked, this, &nemform::close);
 
@@ -62,7 +64,7 @@ void nemform::showNote(const QString& text, bool buttonEnabled) {
 }
 
 void nemform::showFor(QWidget* caller, const QString& text, bool buttonEnabled) {
-    m_text->setText(text.isEmpty() ? QStringLiteral("A kódszótár nem módosítható!") : text);
+    m_text->setText(text.isEmpty() ? u"A kódszótár nem módosítható!"_s : text);
     m_button->setEnabled(buttonEnabled);
     if (m_caller != caller && m_caller != nullptr) m_caller->setEnabled(true);
     m_caller = caller;

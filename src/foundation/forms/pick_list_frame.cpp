@@ -1,5 +1,5 @@
 // A list view over lines that are fetched as they come into sight: a register of any size opens at once.
-#include "sheet/forms/pick_list_frame.h"
+#include "foundation/forms/pick_list_frame.h"
 
 #include <QAbstractListModel>
 #include <QCheckBox>
