@@ -2,12 +2,14 @@
 // messages. List and check of a field differ on purpose in places, so they are tables of their own.
 #pragma once
 
+#include "foundation/checks.h"
 #include "foundation/workstation.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace vandrel {
@@ -77,9 +79,8 @@ void checkTajWithMessages(Dialogue& dialogue, const QString& taj);
 // --- field checks ------------------------------------------------------------------------------------------
 // What a check says about a field that was left.
 struct FieldVerdict {
-    bool good = true;
-    QString value;   // what the field holds from now on (a default, a correction or what it held)
-    QString message; // shown with title "Hiba" when not empty; the focus then goes back to the field
+    QString value; // what the field holds from now on (a default, a correction or what it held)
+    std::optional<CheckFailure> failure; // names the field itself, which gets the focus back
 };
 
 // Group A runs only while Alt_eng is on, group B only while it is off; name is the field's name
@@ -91,9 +92,9 @@ FieldVerdict checkField(Workstation& station, const QString& name, const QString
                         bool newSheet);
 
 // Birth date and date of referral: a date of the calendar from 1860 on. Date of care and exemption expiry: a
-// date of the calendar. The empty mask passes for the referral and the expiry only. Gives the message (title
-// "Hiba!") or empty.
+// date of the calendar. The empty mask passes for the referral and the expiry only. The failure names no
+// field: the focus goes back to the one that was left.
 enum class DateField { birth, referral, care, exemptionExpiry };
-QString checkDateField(DateField field, const QString& value);
+std::optional<CheckFailure> checkDateField(DateField field, const QString& value);
 
 } // namespace vandrel

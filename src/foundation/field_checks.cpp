@@ -109,10 +109,11 @@ FieldVerdict judge(Workstation& station, const FieldCheck& check, const QString&
     const QString code = value.trimmed();
     if (code.isEmpty()) {
         const QString whenEmpty = QString::fromUtf16(check.whenEmpty);
-        return {true, whenEmpty.isEmpty() ? value : whenEmpty, {}};
+        return {whenEmpty.isEmpty() ? value : whenEmpty, {}};
     }
-    if (const std::optional<QString> accepted = check.accept(station, code)) return {true, *accepted, {}};
-    FieldVerdict refused{false, value, QString::fromUtf16(check.message)};
+    if (const std::optional<QString> accepted = check.accept(station, code)) return {*accepted, {}};
+    FieldVerdict refused{value, CheckFailure{QString::fromUtf16(check.message), u"Hiba"_s, Icon::critical,
+                                             QString::fromUtf16(check.name)}};
     if (check.whenRefused == WhenRefused::cleared) refused.value.clear();
     if (check.whenRefused == WhenRefused::replaced) refused.value = QString::fromUtf16(check.replacement);
     return refused;
@@ -128,26 +129,20 @@ FieldVerdict checkField(Workstation& station, const QString& name, const QString
     for (const FieldCheck& check : group)
         if (equalTexts(QString::fromUtf16(check.name), name) && (newSheet || !check.newSheetOnly))
             return judge(station, check, value);
-    return {true, value, {}};
+    return {value, {}};
 }
 
-QString checkDateField(DateField field, const QString& value) {
+std::optional<CheckFailure> checkDateField(DateField field, const QString& value) {
     const bool mayBeEmpty = field == DateField::referral || field == DateField::exemptionExpiry;
-    if (mayBeEmpty && value == format::emptyDate) return {};
+    if (mayBeEmpty && value == format::emptyDate) return std::nullopt;
     const std::optional<QDate> date = format::parseDate(value);
-    switch (field) {
-    case DateField::birth:
-        if (date && date->year() >= earliestYear) return {};
-        return u"Hibás a születési dátum, kérem javítsa!"_s;
-    case DateField::referral:
-        if (date && date->year() >= earliestYear) return {};
-        return u"Hibás a beutaló kelte, kérem javítsa!"_s;
-    case DateField::care:
-    case DateField::exemptionExpiry:
-        break;
-    }
-    // One message for both, as the clinics know it.
-    return date ? QString() : u"Hibás a felviteli dátum, kérem javítsa!"_s;
+    const bool bounded = field == DateField::birth || field == DateField::referral;
+    if (date && (!bounded || date->year() >= earliestYear)) return std::nullopt;
+    // Deliberate: one message for the date of care and the expiry, as the clinics know it.
+    const QString message = field == DateField::birth ? u"Hibás a születési dátum, kérem javítsa!"_s
+                            : field == DateField::referral ? u"Hibás a beutaló kelte, kérem javítsa!"_s
+                                                           : u"Hibás a felviteli dátum, kérem javítsa!"_s;
+    return CheckFailure{message, u"Hiba!"_s};
 }
 
 } // namespace vandrel

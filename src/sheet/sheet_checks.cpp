@@ -1,7 +1,7 @@
 // The twenty checks of a store, in their order.
-#include "platform/format.h"
-#include "sheet/sheet_store.h"
+#include "sheet/sheet_checks.h"
 
+#include "platform/format.h"
 #include "platform/text_compare.h"
 
 using namespace Qt::StringLiterals;
@@ -9,8 +9,6 @@ using namespace Qt::StringLiterals;
 namespace vandrel {
 
 namespace {
-
-using FailsIf = bool (*)(Workstation&, const SheetFields&);
 
 template<auto member>
 bool empty(Workstation&, const SheetFields& fields) {
@@ -52,15 +50,8 @@ bool euSheetIncomplete(Workstation&, const SheetFields& fields) {
             fields.KER_NEV.trimmed().isEmpty() || fields.BIZT_SZAM.trimmed().isEmpty());
 }
 
-struct Check {
-    FailsIf failsIf;
-    const char16_t* message;
-    const char* field;
-    const char16_t* title = nullptr; // the program's when none is told
-};
-
 using F = SheetFields;
-constexpr Check checks[] = {
+constexpr OrderedCheck<Workstation&, const SheetFields&> checks[] = {
     {empty<&F::Irszam>, u"Lakcím-Város nincs kitöltve!", "Irszam"},
     {empty<&F::Szakrend>, u"Szakrendelés nincs kitöltve!", "Szakrend"},
     {empty<&F::Szem_szam>, u"TAJ szám nincs kitöltve!", "Szem_szam"},
@@ -85,13 +76,8 @@ constexpr Check checks[] = {
 
 } // namespace
 
-StoreFault checkSheet(Workstation& station, const SheetFields& fields) {
-    for (const Check& check : checks)
-        if (check.failsIf(station, fields))
-            return {QString::fromUtf16(check.message),
-                    check.title != nullptr ? QString::fromUtf16(check.title) : programTitle,
-                    QString::fromLatin1(check.field)};
-    return {};
+std::optional<CheckFailure> checkSheet(Workstation& station, const SheetFields& fields) {
+    return firstFailure(checks, station, fields);
 }
 
 } // namespace vandrel

@@ -5,6 +5,7 @@
 #include "platform/format.h"
 #include "sheet/counters.h"
 #include "sheet/patient_register.h"
+#include "sheet/sheet_checks.h"
 
 #include <cmath>
 #include <limits>
@@ -182,10 +183,9 @@ std::optional<qint64> rowToEdit(Workstation& station, const SheetFields& fields)
 } // namespace
 
 StoreResult storeSheet(Workstation& station, const SheetFields& fields) {
-    const StoreFault refused = checkSheet(station, fields);
-    if (!refused.message.isEmpty()) {
-        station.dialogue.tell(refused.message, refused.title);
-        return {StoreOutcome::refused, refused.field};
+    if (const std::optional<CheckFailure> refused = checkSheet(station, fields)) {
+        tell(station.dialogue, *refused);
+        return {StoreOutcome::refused, refused->field};
     }
     const Numbers numbers = readNumbers(fields);
     const std::optional<qint64> editedRow = rowToEdit(station, fields);

@@ -5,14 +5,6 @@
 
 namespace vandrel {
 
-// First check that fails: its message and the field that gets the focus. Empty message: all passed.
-struct StoreFault {
-    QString message;
-    QString title;
-    QString field; // objectName
-};
-StoreFault checkSheet(Workstation& station, const SheetFields& fields);
-
 enum class StoreOutcome {
     refused,       // a check failed: its message was shown; field says where
     stored,        // correction mode: the form stays open, without a further message

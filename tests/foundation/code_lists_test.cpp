@@ -124,8 +124,10 @@ TEST_F(FieldChecks, WhatBecomesOfAField) {
         const FieldVerdict verdict = checkField(station.workstation, QString::fromLatin1(c.field),
                                                 QString::fromUtf16(c.typed), c.altEng, true);
         EXPECT_EQ(verdict.value, QString::fromUtf16(c.becomes));
-        EXPECT_EQ(verdict.message, QString::fromUtf16(c.message));
-        EXPECT_EQ(verdict.good, *c.message == 0);
+        const CheckFailure failure = verdict.failure.value_or(CheckFailure{});
+        EXPECT_EQ(failure.message, QString::fromUtf16(c.message));
+        EXPECT_EQ(failure.field.toStdString(), *c.message == 0 ? "" : c.field);
+        EXPECT_EQ(failure.title, *c.message == 0 ? programTitle : u"Hiba"_s);
     }
     // The unit is checked on new sheets only.
     EXPECT_EQ(checkField(station.workstation, u"Szakrend"_s, u"9"_s, true, false).value, u"9"_s);
@@ -154,8 +156,11 @@ TEST(DateChecks, YearsMasksAndMessages) {
         {DateField::exemptionExpiry, u"2008.04.31."_s, care},
         {DateField::exemptionExpiry, format::emptyDate, {}},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(checkDateField(c.field, c.typed), c.message) << c.typed.toStdString();
+    for (const auto& c : cases) {
+        const std::optional<CheckFailure> failure = checkDateField(c.field, c.typed);
+        EXPECT_EQ(failure ? failure->message : QString(), c.message) << c.typed.toStdString();
+        EXPECT_TRUE(!failure || failure->title == u"Hiba!"_s);
+    }
 }
 
 TEST_F(FieldChecks, PickListLinesOfTables) {

@@ -144,17 +144,17 @@ bool SheetDesk::leaveField(const SheetField& field) {
             {FieldDate::exemptionExpiry, DateField::exemptionExpiry}};
         for (const auto& [kind, check] : checkedDates) {
             if (field.date != kind) continue;
-            const QString message = checkDateField(check, text(name));
-            if (message.isEmpty()) continue;
-            station.dialogue.tell(message, u"Hiba!"_s);
-            good = false;
-            return;
+            if (const std::optional<CheckFailure> failure = checkDateField(check, text(name))) {
+                tell(station.dialogue, *failure);
+                good = false;
+                return;
+            }
         }
         if (field.zeroWhenEmpty && text(name).trimmed().isEmpty()) setText(name, u"0"_s);
         const FieldVerdict verdict = checkField(station, name, text(name), altEng, !correction);
         if (verdict.value != text(name)) setText(name, verdict.value);
-        if (!verdict.good) {
-            if (!verdict.message.isEmpty()) station.dialogue.tell(verdict.message, u"Hiba"_s);
+        if (verdict.failure) {
+            tell(station.dialogue, *verdict.failure);
             good = false;
             return;
         }
