@@ -14,6 +14,40 @@ namespace {
                     QString::fromLatin1(column.column.data(), qsizetype(column.column.size()))));
 }
 
+// The first count characters of a UTF-8 text.
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+    std::size_t at = 0;
+    while (at < text.size() && (count > 0 || (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80)) {
+        if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80) --count;
+        ++at;
+    }
+    return text.substr(0, at);
+}
+
+// False for a value that cannot stand in the column; target may then hold a part of it.
+bool appendValue(std::string& target, const RecordColumn& column, std::string_view value) {
+    // Nearly all values are plain ASCII: one look decides, and one byte is one character.
+    bool plain = true;
+    for (const char c : value)
+        plain = plain && static_cast<unsigned char>(c) >= 0x20 && static_cast<unsigned char>(c) < 0x7f;
+    std::size_t length = plain ? value.size() : code_page::characters(value);
+    if (length > column.width) {
+        if (column.align != Align::leftCut) return false;
+        value = firstCharacters(value, column.width);
+        length = column.width;
+    }
+    const std::size_t room = column.width - length;
+    if (column.align == Align::right) target.append(room, ' ');
+    if (column.align == Align::zeros) target.append(room, '0');
+    if (plain)
+        target.append(value);
+    else if (value.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos ||
+             !code_page::appendUtf8(target, value))
+        return false;
+    if (column.align == Align::left || column.align == Align::leftCut) target.append(room, ' ');
+    return true;
+}
+
 } // namespace
 
 std::string recordSelect(std::span<const RecordColumn> record, std::string_view table) {
@@ -40,26 +74,12 @@ void RecordFormatter::append(std::string& target, std::span<const Value> values)
             continue;
         }
         const std::string_view value = values[i].value_or(std::string_view());
-        // Nearly all values are plain ASCII: one look decides, and one byte is one character.
-        bool plain = true;
-        for (const char c : value)
-            plain = plain && static_cast<unsigned char>(c) >= 0x20 && static_cast<unsigned char>(c) < 0x7f;
-        if (plain && value.size() <= column.width) {
-            target.append(column.width - value.size(), column.padding);
-            target.append(value);
-            continue;
-        }
         const std::size_t before = target.size();
-        const std::size_t length = code_page::characters(value);
-        const bool fits = length <= column.width;
-        if (fits) target.append(column.width - length, column.padding);
-        const bool lineEnd = value.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos;
-        if (!fits || lineEnd || !code_page::appendUtf8(target, value)) {
+        if (!appendValue(target, column, value)) {
             target.resize(before);
             raiseValue(column);
         }
     }
-    target.append("\r\n");
 }
 
 } // namespace vandrel

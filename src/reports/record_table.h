@@ -1,5 +1,5 @@
-// The record of the itemised report: one array says each column's place, width, padding and blank test, and
-// one formatter walks it. Reads no table itself.
+// Records of fixed columns: one array says each column's width, alignment and blank test, and one formatter
+// walks it. The itemised report's record is such an array. Reads no table itself.
 #pragma once
 
 #include <array>
@@ -18,45 +18,53 @@ enum class BlankTest {
     blanks // Null, and also a text of blanks only
 };
 
+enum class Align {
+    right,   // blanks before the value
+    zeros,   // zeros before the value
+    left,    // blanks after the value
+    leftCut, // the same, and a value that is longer than the column is cut
+};
+
 struct RecordColumn {
     std::string_view column; // of the scratch table
-    std::size_t width;       // characters; values are right-justified
-    char padding;            // ' ' or '0'
+    std::size_t width;       // characters; a value that is longer is a fault, but for leftCut
+    Align align;
     BlankTest test;
     std::string_view tested = {}; // the column that is tested when it is not this one
 };
 
-// In the order of the line. The oddities are wanted: the Fund has been reading these files for years.
+// In the order of the line. Deliberate: the oddities among the blank tests; the Fund has been reading these
+// files for years.
 inline constexpr RecordColumn originalRecord[] = {
-    {"R_azon", 9, ' ', BlankTest::never},       {"Orv_azon", 5, ' ', BlankTest::null},
-    {"Bek", 9, ' ', BlankTest::null},           {"Borv_azon", 5, ' ', BlankTest::null},
-    {"Badat", 9, '0', BlankTest::null},         {"Bdatum", 8, ' ', BlankTest::null},
-    {"Naplo", 8, '0', BlankTest::never}, // joins the records of a sheet, so it is in every one
-    {"Datum", 8, ' ', BlankTest::null},         {"Ora", 4, ' ', BlankTest::null},
-    {"Allampol", 3, ' ', BlankTest::null},      {"Taj", 9, ' ', BlankTest::null},
-    {"Az_tip", 1, ' ', BlankTest::null},        {"Nem", 1, ' ', BlankTest::null},
-    {"Szul", 8, ' ', BlankTest::null},          {"Irszam", 4, ' ', BlankTest::null},
-    {"Terkat", 2, ' ', BlankTest::null, "Ora"}, // the time decides over the fee category: wanted
-    {"Rterdij", 6, ' ', BlankTest::null},       {"Ell_tip", 1, ' ', BlankTest::null},
-    {"Bno_1", 5, ' ', BlankTest::blanks},       {"Bno_2", 5, ' ', BlankTest::blanks},
-    {"Bno_3", 5, ' ', BlankTest::blanks},       {"Bno_4", 5, ' ', BlankTest::blanks},
-    {"Bno_5", 5, ' ', BlankTest::blanks},       {"Who_1", 5, ' ', BlankTest::never},
-    {"Menny_1", 2, ' ', BlankTest::never},      {"Jell_1", 1, ' ', BlankTest::never},
-    {"Who_2", 5, ' ', BlankTest::never},        {"Menny_2", 2, ' ', BlankTest::never},
-    {"Jell_2", 1, ' ', BlankTest::never},       {"Who_3", 5, ' ', BlankTest::never},
-    {"Menny_3", 2, ' ', BlankTest::never},      {"Jell_3", 1, ' ', BlankTest::never},
-    {"Who_4", 5, ' ', BlankTest::never},        {"Menny_4", 2, ' ', BlankTest::never},
-    {"Jell_4", 1, ' ', BlankTest::never},       {"Who_5", 5, ' ', BlankTest::never},
-    {"Menny_5", 2, ' ', BlankTest::never},      {"Jell_5", 1, ' ', BlankTest::never},
-    {"Who_6", 5, ' ', BlankTest::never},        {"Menny_6", 2, ' ', BlankTest::never},
-    {"Jell_6", 1, ' ', BlankTest::never},       {"Tova", 1, ' ', BlankTest::null},
-    {"Labor", 1, ' ', BlankTest::null},         {"Rtg", 1, ' ', BlankTest::null},
-    {"Ctmr", 1, ' ', BlankTest::null},          {"Fizioter", 1, ' ', BlankTest::null},
-    {"K_kep", 1, ' ', BlankTest::null},         {"Utkltg", 1, ' ', BlankTest::null},
-    {"Baleset", 2, ' ', BlankTest::null},       {"Recept", 2, '0', BlankTest::null},
-    {"Gyogyseg", 2, '0', BlankTest::null},      {"Gyogyfurd", 2, '0', BlankTest::null},
-    {"Elsznyil", 2, ' ', BlankTest::null},      {"Termen", 2, ' ', BlankTest::null},
-    {"Termod", 2, ' ', BlankTest::null},
+    {"R_azon", 9, Align::right, BlankTest::never},       {"Orv_azon", 5, Align::right, BlankTest::null},
+    {"Bek", 9, Align::right, BlankTest::null},           {"Borv_azon", 5, Align::right, BlankTest::null},
+    {"Badat", 9, Align::zeros, BlankTest::null},         {"Bdatum", 8, Align::right, BlankTest::null},
+    {"Naplo", 8, Align::zeros, BlankTest::never}, // joins the records of a sheet, so it is in every one
+    {"Datum", 8, Align::right, BlankTest::null},         {"Ora", 4, Align::right, BlankTest::null},
+    {"Allampol", 3, Align::right, BlankTest::null},      {"Taj", 9, Align::right, BlankTest::null},
+    {"Az_tip", 1, Align::right, BlankTest::null},        {"Nem", 1, Align::right, BlankTest::null},
+    {"Szul", 8, Align::right, BlankTest::null},          {"Irszam", 4, Align::right, BlankTest::null},
+    {"Terkat", 2, Align::right, BlankTest::null, "Ora"}, // Deliberate: the time decides over the fee category
+    {"Rterdij", 6, Align::right, BlankTest::null},       {"Ell_tip", 1, Align::right, BlankTest::null},
+    {"Bno_1", 5, Align::right, BlankTest::blanks},       {"Bno_2", 5, Align::right, BlankTest::blanks},
+    {"Bno_3", 5, Align::right, BlankTest::blanks},       {"Bno_4", 5, Align::right, BlankTest::blanks},
+    {"Bno_5", 5, Align::right, BlankTest::blanks},       {"Who_1", 5, Align::right, BlankTest::never},
+    {"Menny_1", 2, Align::right, BlankTest::never},      {"Jell_1", 1, Align::right, BlankTest::never},
+    {"Who_2", 5, Align::right, BlankTest::never},        {"Menny_2", 2, Align::right, BlankTest::never},
+    {"Jell_2", 1, Align::right, BlankTest::never},       {"Who_3", 5, Align::right, BlankTest::never},
+    {"Menny_3", 2, Align::right, BlankTest::never},      {"Jell_3", 1, Align::right, BlankTest::never},
+    {"Who_4", 5, Align::right, BlankTest::never},        {"Menny_4", 2, Align::right, BlankTest::never},
+    {"Jell_4", 1, Align::right, BlankTest::never},       {"Who_5", 5, Align::right, BlankTest::never},
+    {"Menny_5", 2, Align::right, BlankTest::never},      {"Jell_5", 1, Align::right, BlankTest::never},
+    {"Who_6", 5, Align::right, BlankTest::never},        {"Menny_6", 2, Align::right, BlankTest::never},
+    {"Jell_6", 1, Align::right, BlankTest::never},       {"Tova", 1, Align::right, BlankTest::null},
+    {"Labor", 1, Align::right, BlankTest::null},         {"Rtg", 1, Align::right, BlankTest::null},
+    {"Ctmr", 1, Align::right, BlankTest::null},          {"Fizioter", 1, Align::right, BlankTest::null},
+    {"K_kep", 1, Align::right, BlankTest::null},         {"Utkltg", 1, Align::right, BlankTest::null},
+    {"Baleset", 2, Align::right, BlankTest::null},       {"Recept", 2, Align::zeros, BlankTest::null},
+    {"Gyogyseg", 2, Align::zeros, BlankTest::null},      {"Gyogyfurd", 2, Align::zeros, BlankTest::null},
+    {"Elsznyil", 2, Align::right, BlankTest::null},      {"Termen", 2, Align::right, BlankTest::null},
+    {"Termod", 2, Align::right, BlankTest::null},
 };
 
 // Place of a column in a record; the record's size when it has none of that name.
@@ -74,8 +82,6 @@ constexpr std::size_t recordWidth(std::span<const RecordColumn> record) {
 }
 static_assert(recordWidth(originalRecord) == 194);
 
-inline constexpr std::size_t positionsPerRecord = 6;
-
 // "select", the record's columns in their order, and "from table order by rowid".
 std::string recordSelect(std::span<const RecordColumn> record, std::string_view table);
 
@@ -86,9 +92,9 @@ class RecordFormatter {
 
     explicit RecordFormatter(std::span<const RecordColumn> record);
 
-    // Appends the line with its CR LF to target, in the code page. A value longer than its width, or one that
-    // cannot stand in the file (a letter outside the code page, a line end), is fault invalidCall; target
-    // then holds the columns before it.
+    // Appends the columns, without a line end, to target, in the code page. A value longer than its width, or
+    // one that cannot stand in the file (a letter outside the code page, a line end), is fault invalidCall;
+    // target then holds the columns before it.
     void append(std::string& target, std::span<const Value> values) const;
 
   private:

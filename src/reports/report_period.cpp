@@ -6,6 +6,22 @@ using namespace Qt::StringLiterals;
 
 namespace vandrel {
 
+namespace {
+
+using Request = const ReportRequest&;
+
+// All of them lead back to the from-field.
+constexpr OrderedCheck<Request> periodChecks[] = {
+    {[](Request r) { return r.from == format::emptyPeriod; }, u"Hibás induló dátum!", "IdoszakTol"},
+    // The EU report's to-field is hidden.
+    {[](Request r) { return r.mode != "E"_L1 && r.to == format::emptyPeriod; }, u"Hibás vég dátum!",
+     "IdoszakTol"},
+    {[](Request r) { return r.mode == "1"_L1 && r.settlement == format::emptyPeriod; },
+     u"Hibás elszámolási időszak dátum!", "IdoszakTol"},
+};
+
+} // namespace
+
 ReportPeriods defaultPeriods(const QString& mode, QDate today) {
     int year = today.year();
     int month = today.month() - (mode == "1"_L1 ? 2 : 1);
@@ -18,21 +34,8 @@ ReportPeriods defaultPeriods(const QString& mode, QDate today) {
             format::period(december ? year + 1 : year, december ? 1 : month + 1)};
 }
 
-QString checkPeriods(const ReportRequest& request) {
-    const bool corrected = request.mode == "1"_L1;
-    const bool onlyFrom = request.mode == "E"_L1; // its to-field is hidden
-    const struct {
-        const QString& text;
-        QString message;
-        bool asked;
-    } checks[] = {
-        {request.from, u"Hibás induló dátum!"_s, true},
-        {request.to, u"Hibás vég dátum!"_s, !onlyFrom},
-        {request.settlement, u"Hibás elszámolási időszak dátum!"_s, corrected},
-    };
-    for (const auto& check : checks)
-        if (check.asked && check.text == format::emptyPeriod) return check.message;
-    return {};
+std::optional<CheckFailure> checkPeriods(const ReportRequest& request) {
+    return firstFailure(periodChecks, request);
 }
 
 } // namespace vandrel

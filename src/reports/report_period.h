@@ -1,7 +1,8 @@
 // The periods of a monthly report: what a screen proposes and what a run asks of them.
 #pragma once
 
-#include "reports/report_run.h"
+#include "foundation/checks.h"
+#include "reports/report_request.h"
 
 #include <QDate>
 #include <QString>
@@ -16,8 +17,8 @@ struct ReportPeriods {
 // Modes "0" and "E" propose last month, mode "1" the month before that; the settlement is the month after.
 ReportPeriods defaultPeriods(const QString& mode, QDate today);
 
-// The message of the first unfilled mask, empty when all are filled; the focus then goes to the from-field
-// whichever it was. A filled period is not tested further, and no sheet is looked at.
-QString checkPeriods(const ReportRequest& request);
+// The first unfilled mask, nullopt when all are filled; its focus is the from-field whichever it was. A
+// filled period is not tested further, and no sheet is looked at.
+std::optional<CheckFailure> checkPeriods(const ReportRequest& request);
 
 } // namespace vandrel

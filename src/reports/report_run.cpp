@@ -1,6 +1,5 @@
 #include "reports/report_run.h"
 
-#include "platform/event_turn.h"
 #include "reports/original_report.h"
 #include "reports/report_period.h"
 #include "reports/report_target.h"
@@ -19,6 +18,21 @@ const QString noData = u"Nincs a feltételeknek megfelelő adat!\n"
                        "\t - a megadott dátumintervallumra a jelentés egyszer más elkészült, "
                        "a floppy mezők visszaírása szükséges"_s;
 
+struct ReportKind {
+    const char* mode;
+    const ItemisedReport& (*report)();
+    void (*write)(Workstation&, const ReportRequest&, EventTurn&, ReportProgress&, ReportOutcome&);
+};
+
+constexpr ReportKind kinds[] = {{"0", originalReport, eredeti_floppy}};
+
+// Null: the mode's report cannot be made yet.
+const ReportKind* kindOf(const QString& mode) {
+    for (const ReportKind& kind : kinds)
+        if (mode == QLatin1StringView(kind.mode)) return &kind;
+    return nullptr;
+}
+
 void tellFault(Workstation& station, const Fault& fault) {
     if (fault.number() == fault::diskNotReady)
         station.dialogue.tell(u"Nem található az elérési útvonal!"_s);
@@ -31,12 +45,12 @@ void tellFault(Workstation& station, const Fault& fault) {
 
 ReportOutcome runReport(Workstation& station, const ReportRequest& request, ReportProgress& progress) {
     ReportOutcome outcome;
-    const QString unfilled = checkPeriods(request);
-    if (!unfilled.isEmpty()) {
-        station.dialogue.tell(unfilled);
+    if (const std::optional<CheckFailure> unfilled = checkPeriods(request)) {
+        tell(station.dialogue, *unfilled);
         return outcome;
     }
-    if (request.mode != "0"_L1) {
+    const ReportKind* kind = kindOf(request.mode);
+    if (kind == nullptr) {
         // Marks without a report would hide these sheets, so nothing is selected either.
         station.dialogue.tell(u"Ez a jelentés ebben a változatban még nem készíthető el!"_s, programTitle,
                               Icon::information);
@@ -44,6 +58,7 @@ ReportOutcome runReport(Workstation& station, const ReportRequest& request, Repo
         return outcome;
     }
 
+    const SheetSelection& selection = kind->report().selection;
     EventTurn turn(station.serveEvents);
     outcome.result = Result::notStarted;
     try {
@@ -51,8 +66,7 @@ ReportOutcome runReport(Workstation& station, const ReportRequest& request, Repo
         progress.started();
         outcome.result = Result::broken;
         emptyScratchTables(station);
-        const std::vector<qint64> sheets =
-            dueSheets(station, Selection::original, request.from, request.to, turn);
+        const std::vector<qint64> sheets = dueSheets(station, selection, request.from, request.to, turn);
         outcome.sheets = static_cast<qint64>(sheets.size());
         progress.selectedSheets(outcome.sheets);
         if (sheets.empty()) {
@@ -61,12 +75,12 @@ ReportOutcome runReport(Workstation& station, const ReportRequest& request, Repo
             station.dialogue.tell(noData, u"Hiba!"_s);
             return outcome;
         }
-        outcome.records = flattenSheets(station, Selection::original, sheets, turn, progress);
+        outcome.records = flattenSheets(station, selection, sheets, turn, progress);
     } catch (const Fault& fault) {
         tellFault(station, fault);
         return outcome;
     }
-    eredeti_floppy(station, request.from, turn, progress, outcome);
+    kind->write(station, request, turn, progress, outcome);
     outcome.result = Result::writerEnded;
     return outcome;
 }

@@ -1,20 +1,30 @@
-// The selection of a report run: the sheets that are due in a period, laid out as rows of a scratch table,
-// each sheet marked as reported on the way. Knows no window and writes no file.
+// The selection of an itemised report: the sheets that are due in a period, laid out as rows of a scratch
+// table, each sheet marked as reported on the way. Knows no window and writes no file.
 #pragma once
 
+#include "foundation/workstation.h"
 #include "platform/event_turn.h"
-#include "reports/report_run.h"
+#include "reports/report_progress.h"
+#include "reports/sheet_rows.h"
 
+#include <string_view>
 #include <vector>
 
 namespace vandrel {
 
-// Of the original report (Leval_er, mark FLOPPY, sheets that are no corrections) or of the corrected one
-// (Leval_jav, mark FLOPPY2, corrections only).
-enum class Selection { original, corrected };
+// What tells the selections of two reports apart.
+struct SheetSelection {
+    std::string_view table; // of tetseged.mdb
+    std::string_view mark;  // column of BETEG that becomes 1
+    std::string_view due;   // condition on BETEG beside the period
+    std::span<const RowColumn> headColumns;
+};
 
-// A sheet has room for this many lines; one more is fault subscript.
-inline constexpr std::size_t linesPerSheet = 100;
+// The catalogue's texts compare without regard to case.
+inline constexpr SheetSelection originalSelection = {"Leval_er", "FLOPPY", "FLOPPY=0 and JAV='0'",
+                                                     originalHeadColumns};
+inline constexpr SheetSelection correctedSelection = {
+    "Leval_jav", "FLOPPY2", "FLOPPY2=0 and (JAV='1' or JAV='2')", correctedHeadColumns};
 
 // Sheets of all periods, for the screen's counter.
 qint64 countSheets(Workstation& station);
@@ -24,21 +34,13 @@ void emptyScratchTables(Workstation& station);
 
 // The rowids of the sheets of a period whose first seven characters of F_DATUM lie between the two texts,
 // ends included, in stored order. An own question instead of a cursor: the marks change the table below.
-std::vector<qint64> dueSheets(Workstation& station, Selection selection, const QString& from,
+std::vector<qint64> dueSheets(Workstation& station, const SheetSelection& selection, const QString& from,
                               const QString& to, EventTurn& turn);
 
 // Writes the rows of each sheet and marks it: a sheet without lines gives no row and is marked all the same.
 // When a fault breaks the walk it is raised after what was done so far is committed: the marks stay, and
 // the sheet at fault has none. Gives the number of rows written.
-qint64 flattenSheets(Workstation& station, Selection selection, const std::vector<qint64>& sheets,
+qint64 flattenSheets(Workstation& station, const SheetSelection& selection, const std::vector<qint64>& sheets,
                      EventTurn& turn, ReportProgress& progress);
-
-// The condition of a period on a date column, for the caller's own where clause: ?1 is
-// lower and ?2 upper. Texts of seven characters become a plain range that an index serves.
-struct PeriodCondition {
-    std::string sql;
-    std::string lower, upper;
-};
-PeriodCondition periodCondition(const QString& from, const QString& to);
 
 } // namespace vandrel

@@ -1,8 +1,8 @@
 #include "reports/write_back.h"
 
+#include "foundation/period_condition.h"
 #include "platform/event_turn.h"
 #include "platform/format.h"
-#include "reports/selection.h"
 
 #include <algorithm>
 #include <vector>
@@ -21,13 +21,13 @@ struct OptionRule {
 OptionRule ruleOf(WriteBack option) {
     switch (option) {
     case WriteBack::original:
-        return {"FLOPPY=1", "update BETEG set FLOPPY=0 where rowid=?1"};
+        return {"FLOPPY=1", "update BETEG set FLOPPY=0 where rowid=?"};
     case WriteBack::corrected:
-        return {"FLOPPY2=1", "update BETEG set FLOPPY2=0 where rowid=?1"};
+        return {"FLOPPY2=1", "update BETEG set FLOPPY2=0 where rowid=?"};
     case WriteBack::both:
         break;
     }
-    return {"(FLOPPY=1 or FLOPPY2=1)", "update BETEG set FLOPPY=0, FLOPPY2=0 where rowid=?1"};
+    return {"(FLOPPY=1 or FLOPPY2=1)", "update BETEG set FLOPPY=0, FLOPPY2=0 where rowid=?"};
 }
 
 } // namespace
@@ -51,7 +51,7 @@ WriteBackOutcome writeBackMarks(Workstation& station, const QString& from, const
         std::vector<qint64> sheets;
         {
             Query found = data.query("select rowid from BETEG where " + period.sql + " and " + rule.found,
-                                     std::string_view(period.lower), std::string_view(period.upper));
+                                     period.lower, period.upper);
             while (found.next()) {
                 sheets.push_back(found.integer(0));
                 if ((sheets.size() & 63) == 0 && turn.due()) turn.serve();

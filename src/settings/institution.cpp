@@ -1,5 +1,6 @@
 #include "settings/institution.h"
 
+#include "foundation/institution_data.h"
 #include "platform/code_page.h"
 
 #include <array>
@@ -53,23 +54,17 @@ bool keepsInSetup(const QString& value) {
 
 InstitutionFields loadInstitution(Workstation& station) {
     InstitutionFields result;
-    {
-        Query row =
-            station.files[DataFile::tetdata].query("select Int_nev, Gyogyi_kod, Orv_kod, Szakrend_kod, irsz, "
-                                                   "City, cim, Bankszamla, Adoig_szam, NBK_KOD "
-                                                   "from intezet order by rowid");
-        if (row.next()) {
-            result.Int_nev = row.text(0);
-            result.Gyogyi_kod = row.text(1);
-            result.Orv_kod = row.text(2);
-            result.Szakrend_kod = row.text(3);
-            result.irsz = row.text(4).trimmed();
-            result.City = row.text(5);
-            result.cim = row.text(6).trimmed();
-            result.Bankszamla = row.text(7);
-            result.Adoig_szam = row.text(8);
-            result.NBK_KOD = row.text(9);
-        }
+    if (const std::optional<Institution> stored = readInstitution(station)) {
+        result.Int_nev = stored->Int_nev;
+        result.Gyogyi_kod = stored->Gyogyi_kod;
+        result.Orv_kod = stored->Orv_kod;
+        result.Szakrend_kod = stored->Szakrend_kod;
+        result.irsz = stored->irsz.trimmed();
+        result.City = stored->City;
+        result.cim = stored->cim.trimmed();
+        result.Bankszamla = stored->Bankszamla;
+        result.Adoig_szam = stored->Adoig_szam;
+        result.NBK_KOD = stored->NBK_KOD;
     }
     result.Bankszamla = masked(result.Bankszamla, emptyAccount);
     result.Adoig_szam = masked(result.Adoig_szam, emptyTaxNumber);

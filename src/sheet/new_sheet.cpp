@@ -1,5 +1,6 @@
 // What a new sheet starts with: the last unit and doctor, the unit's next journal number, the next key, and
 // the defaults of the fields. Writes nothing: a key is given again until a sheet is stored under it.
+#include "foundation/institution_data.h"
 #include "foundation/look_ups.h"
 #include "platform/format.h"
 #include "sheet/counters.h"
@@ -42,13 +43,12 @@ SheetFields defaults() {
 
 InstitutionLines institutionLines(Workstation& station) {
     InstitutionLines lines;
-    Query row = station.files[DataFile::tetdata].query(
-        "select Int_nev, irsz, City, cim from intezet order by rowid limit 1");
-    if (!row.next()) return lines;
-    lines.name = row.text(0).trimmed();
-    const QString city = row.text(2).trimmed();
-    const QString street = row.text(3).trimmed();
-    lines.address = row.text(1).trimmed();
+    const std::optional<Institution> institution = readInstitution(station);
+    if (!institution) return lines;
+    lines.name = institution->Int_nev.trimmed();
+    const QString city = institution->City.trimmed();
+    const QString street = institution->cim.trimmed();
+    lines.address = institution->irsz.trimmed();
     if (!city.isEmpty()) lines.address += (lines.address.isEmpty() ? QString() : u" - "_s) + city;
     if (!street.isEmpty()) lines.address += (lines.address.isEmpty() ? QString() : u", "_s) + street;
     return lines;

@@ -1,4 +1,5 @@
 // List 6: what one patient's visits of a period were and what they cost, by unit and sheet.
+#include "foundation/institution_data.h"
 #include "platform/format.h"
 #include "print/literal_text.h"
 #include "statistics/producers.h"
@@ -23,19 +24,12 @@ QString caption(const QString& name, const QString& value) {
 }
 
 void institution(ListRun& run) {
-    QString name, account, taxNumber;
-    Query row =
-        run.data().query("select Int_nev, Bankszamla, Adoig_szam from intezet order by rowid limit 1");
-    if (row.next()) {
-        name = row.text(0);
-        account = row.text(1);
-        taxNumber = row.text(2);
-    }
+    const Institution stored = readInstitution(run.station).value_or(Institution());
     run.text(u"INTÉZMÉNYI ADATOK:"_s);
-    run.text(caption(u"neve:"_s, literalText(name)));
+    run.text(caption(u"neve:"_s, literalText(stored.Int_nev)));
     run.text(caption(u"kódja:"_s, u" </LINDENT>"_s)); // no code is printed, and that is wanted
-    run.text(caption(u"bankszámlaszáma:"_s, literalText(account)));
-    run.text(caption(u"adóigazgatási azonosító száma:"_s, literalText(taxNumber)));
+    run.text(caption(u"bankszámlaszáma:"_s, literalText(stored.Bankszamla)));
+    run.text(caption(u"adóigazgatási azonosító száma:"_s, literalText(stored.Adoig_szam)));
     run.rule(bodySize, ruleLength);
 }
 

@@ -1,4 +1,5 @@
 // Lists 7 and 8: outpatient against inpatient quantities of one unit, and the visit fees taken.
+#include "foundation/institution_data.h"
 #include "platform/format.h"
 #include "print/literal_text.h"
 #include "statistics/producers.h"
@@ -13,16 +14,11 @@ namespace {
 
 // "Készült", the institution and the title, as both lists begin.
 void individualHead(ListRun& run, const QString& title) {
-    QString name, city;
-    Query row = run.data().query("select Int_nev, City from intezet order by rowid limit 1");
-    if (row.next()) {
-        name = row.text(0);
-        city = row.text(1);
-    }
+    const Institution institution = readInstitution(run.station).value_or(Institution());
     run.blank();
     run.made();
     run.blank();
-    run.centred(literalText(name + u", "_s + city));
+    run.centred(literalText(institution.Int_nev + u", "_s + institution.City));
     run.blank();
     run.title(title);
     run.blank();

@@ -1,5 +1,6 @@
 #include "statistics/list_selection.h"
 
+#include "foundation/period_condition.h"
 #include "platform/format.h"
 
 #include <span>
@@ -12,9 +13,6 @@ namespace vandrel {
 namespace {
 
 const QString errorTitle = u"Hiba"_s;
-
-constexpr qsizetype dayLength = 11;  // éééé.hh.nn.
-constexpr qsizetype monthLength = 7; // éééé.hh
 
 bool unfilled(const QString& date, const QString& mask) {
     return date.trimmed().isEmpty() || date == mask;
@@ -93,14 +91,10 @@ class SheetQuestion {
         }
         m_where += ter_ell(request, 0, feeCategoryCount - 1) ? ")" : "0)";
     }
-    // The first characters of F_DATUM lie between the two texts, ends included. The plain comparisons beside
-    // them follow from that and let the column's index serve.
     void period(const QString& from, const QString& to, qsizetype length) {
-        const std::string prefix = "substr(F_DATUM, 1, " + std::to_string(length) + ")";
-        where("F_DATUM>=?", from);
-        where(prefix + ">=?", from);
-        where(prefix + "<=?", to);
-        if (to.size() <= length) where("F_DATUM<?", to + QString::fromUcs4(U"\U0010FFFF"));
+        const PeriodCondition condition = periodCondition(from, to, length);
+        where(condition.sql, condition.lower);
+        m_values << condition.upper;
     }
     std::vector<qint64> run(Workstation& station, std::string_view order) {
         const std::string sql = "select rowid from BETEG" + m_where + " order by " + std::string(order);
@@ -174,7 +168,7 @@ std::vector<qint64> selectSheets(Workstation& station, StatisticsList list, cons
     case StatisticsList::trafficLog:
     case StatisticsList::referrersItemised:
         question.categories(request);
-        question.period(request.from, request.to, dayLength);
+        question.period(request.from, request.to, dayTextLength);
         question.where("SZAKREND>=?", request.fromCode);
         question.where("SZAKREND<=?", request.toCode);
         return question.run(station, list == StatisticsList::trafficLog
@@ -182,26 +176,27 @@ std::vector<qint64> selectSheets(Workstation& station, StatisticsList list, cons
                                          : "IGENYLO, TERITES, F_DATUM, F_IDO, NAPLO, rowid");
     case StatisticsList::referrersMonthly:
         question.where("TERITES=?", request.category);
-        question.period(request.from, request.to, monthLength);
+        question.period(request.from, request.to, monthTextLength);
         question.where("IGENYLO>=?", request.fromCode);
         question.where("IGENYLO<=?", request.toCode);
         return question.run(station, "IGENYLO, rowid");
     case StatisticsList::proceduresDone:
         question.where("TERITES=?", request.category);
-        question.period(request.from, request.to, monthLength);
+        question.period(request.from, request.to, monthTextLength);
         question.where("SZAKREND>=?", request.fromCode);
         question.where("SZAKREND<=?", request.toCode);
         return question.run(station, "SZAKREND, rowid");
     case StatisticsList::individualCosts:
         question.where("SZEM_SZAM=?", request.code.trimmed());
-        question.period(request.from, request.to, monthLength);
+        question.period(request.from, request.to, monthTextLength);
         return question.run(station, "SZAKREND, rowid");
     case StatisticsList::combined:
-        question.period(request.from.left(monthLength), request.to.left(monthLength), monthLength);
+        question.period(request.from.left(monthTextLength), request.to.left(monthTextLength),
+                        monthTextLength);
         question.where("SZAKREND=?", request.code);
         return question.run(station, "rowid");
     case StatisticsList::visitFees:
-        question.period(request.from, request.to, monthLength);
+        question.period(request.from, request.to, monthTextLength);
         if (!request.code.trimmed().isEmpty()) question.where("SZAKREND=?", request.code);
         return question.run(station, "rowid"); // no order of its own: as the sheets were stored
     }

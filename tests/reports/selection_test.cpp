@@ -1,5 +1,5 @@
 // Periods, the selection of both reports, the handlers' table and the write-back of the marks.
-#include "reports/fault_policy.h"
+#include "reports/fault_reactions.h"
 #include "reports/report_period.h"
 #include "reports/report_target.h"
 #include "reports/selection.h"
@@ -44,12 +44,12 @@ TEST(ReportPeriod, OnlyUnfilledMasksAreRefused) {
         {{u"E"_s, full, empty, empty}, {}},
     };
     for (const auto& expected : cases)
-        EXPECT_EQ(checkPeriods(expected.request), expected.message);
+        EXPECT_EQ(checkPeriods(expected.request).value_or(CheckFailure()).message, expected.message);
 }
 
 namespace {
 
-QString due(TestWorkstation& test, Selection selection, const char* from, const char* to) {
+QString due(TestWorkstation& test, const SheetSelection& selection, const char* from, const char* to) {
     EventTurn turn({});
     QStringList keys;
     for (const qint64 sheet :
@@ -67,13 +67,13 @@ TEST(Selection, ThePeriodComparesSevenCharacters) {
     int key = 0;
     for (const char* date : dates)
         putSheet(test, ++key, std::string("F_DATUM=") + date);
-    EXPECT_EQ(due(test, Selection::original, "2008.03", "2008.03"), u"1 3 5 6"_s);
-    EXPECT_EQ(due(test, Selection::original, "2008.02", "2008.03"), u"1 2 3 5 6"_s);
-    EXPECT_EQ(due(test, Selection::original, "2008.04", "2008.03"), QString());
-    EXPECT_EQ(due(test, Selection::original, "2008.0 ", "2008.04"), u"1 2 3 4 5 6"_s);
+    EXPECT_EQ(due(test, originalSelection, "2008.03", "2008.03"), u"1 3 5 6"_s);
+    EXPECT_EQ(due(test, originalSelection, "2008.02", "2008.03"), u"1 2 3 5 6"_s);
+    EXPECT_EQ(due(test, originalSelection, "2008.04", "2008.03"), QString());
+    EXPECT_EQ(due(test, originalSelection, "2008.0 ", "2008.04"), u"1 2 3 4 5 6"_s);
     // Texts of another length take the plain comparison.
-    EXPECT_EQ(due(test, Selection::original, "2008.0", "2008.03"), u"1 2 3 5 6 9"_s);
-    EXPECT_EQ(due(test, Selection::original, "", "2008.1"), u"1 2 3 4 5 6 7 9"_s);
+    EXPECT_EQ(due(test, originalSelection, "2008.0", "2008.03"), u"1 2 3 5 6 9"_s);
+    EXPECT_EQ(due(test, originalSelection, "", "2008.1"), u"1 2 3 4 5 6 7 9"_s);
 }
 
 TEST(Selection, CorrectedSheetsGoToTheirOwnTableWithTheirOwnMark) {
@@ -87,8 +87,8 @@ TEST(Selection, CorrectedSheetsGoToTheirOwnTableWithTheirOwnMark) {
     putSheet(test, 4, "JAV='1', FLOPPY2=1", lines);
     EventTurn turn({});
     ReportProgress progress;
-    const auto sheets = dueSheets(test.workstation, Selection::corrected, u"2008.03"_s, u"2008.03"_s, turn);
-    EXPECT_EQ(flattenSheets(test.workstation, Selection::corrected, sheets, turn, progress), 2);
+    const auto sheets = dueSheets(test.workstation, correctedSelection, u"2008.03"_s, u"2008.03"_s, turn);
+    EXPECT_EQ(flattenSheets(test.workstation, correctedSelection, sheets, turn, progress), 2);
     EXPECT_EQ(firstText(test.data(), "select group_concat(FLOPPY || FLOPPY2, ' ') from BETEG"),
               u"11 01 00 01"_s);
     Database& scratch = test.workstation.files[DataFile::tetseged];
@@ -106,14 +106,14 @@ TEST(Selection, AFeeIsWrittenAsTheProgramWritesNumbers) {
         putSheet(test, ++key, std::string("TerReszlDij=") + fee, {{"'11041'", "1"}});
     EventTurn turn({});
     ReportProgress progress;
-    flattenSheets(test.workstation, Selection::original, {1, 2, 3, 4, 5, 6, 7}, turn, progress);
+    flattenSheets(test.workstation, originalSelection, {1, 2, 3, 4, 5, 6, 7}, turn, progress);
     // A text in the number column is not told to be a fee of 0.
     EXPECT_EQ(firstText(test.workstation.files[DataFile::tetseged],
                         "select group_concat(coalesce(Rterdij, 'null'), '|') from Leval_er"),
               u"null|0|1500|12,5|-0,25|  |x"_s);
 }
 
-TEST(FaultPolicy, RetryAndSkip) {
+TEST(FaultReactions, RetryAndSkip) {
     int tries = 0, waits = 0;
     const auto locked = [&] {
         if (++tries < 3) throw Fault(fault::permissionDenied, {});

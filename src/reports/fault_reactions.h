@@ -1,4 +1,4 @@
-// What a report writer does about a fault: a small table, and the loop that carries it out.
+// What a report writer does about a fault: a small table, and the loop that carries it out. Opens no file.
 #pragma once
 
 #include "platform/fault.h"
@@ -11,7 +11,7 @@ namespace vandrel {
 enum class Reaction {
     wrongPath,     // its box, the run ends
     tryAgain,      // the event loop is served and the statement tried again
-    nextStatement, // the run goes on behind the statement
+    nextStatement, // the run goes on after the statement
     endRun         // the box with the number, the run ends
 };
 
@@ -27,24 +27,24 @@ inline constexpr FaultReaction writerFaults[] = {
     {fault::pathAccess, Reaction::nextStatement},
 };
 
-constexpr Reaction reactionTo(std::span<const FaultReaction> policy, int number) {
-    for (const FaultReaction& entry : policy)
+constexpr Reaction reactionTo(std::span<const FaultReaction> reactions, int number) {
+    for (const FaultReaction& entry : reactions)
         if (entry.number == number) return entry.reaction;
     return Reaction::endRun;
 }
 
-// Runs one statement under the policy. Comes back when it is done or skipped; a fault that ends the run is
+// Runs one statement under the table. Comes back when it is done or skipped; a fault that ends the run is
 // raised again. wait serves the event loop and is false when nobody wants to wait any longer: then the fault
 // is raised.
 template<class Statement>
-void runStatement(std::span<const FaultReaction> policy, const std::function<bool()>& wait,
+void runStatement(std::span<const FaultReaction> reactions, const std::function<bool()>& wait,
                   Statement&& statement) {
     for (;;) {
         try {
             statement();
             return;
         } catch (const Fault& fault) {
-            const Reaction reaction = reactionTo(policy, fault.number());
+            const Reaction reaction = reactionTo(reactions, fault.number());
             if (reaction == Reaction::nextStatement) return;
             if (reaction != Reaction::tryAgain || !wait()) throw;
         }

@@ -1,4 +1,4 @@
-// The institution's data as the reports read them.
+// The institution the program runs for, as every room reads it. Writes nothing.
 #pragma once
 
 #include "foundation/workstation.h"
@@ -9,9 +9,9 @@
 
 namespace vandrel {
 
-// Null columns are empty texts.
+// As stored; Null columns are empty texts.
 struct Institution {
-    QString Int_nev, Gyogyi_kod, Szakrend_kod, Bankszamla, Adoig_szam, NBK_KOD;
+    QString Int_nev, Gyogyi_kod, Orv_kod, Szakrend_kod, irsz, City, cim, Bankszamla, Adoig_szam, NBK_KOD;
 };
 
 // The first row of intezet, or nullopt where the table is empty. Faults of the data file pass through.
