@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QString>
 
+#include <chrono>
 #include <functional>
 
 namespace vandrel {
@@ -35,6 +36,8 @@ struct Workstation {
     PrintEngine* printing = nullptr;   // set by the program before any form opens
     StatusNote* statusNote = nullptr;  // null: no window, the notes go nowhere
     std::function<void()> serveEvents; // one turn of the event loop; empty without a window
+    // How often a long run calls it; 0: wherever a turn could be due.
+    std::chrono::milliseconds turnEvery{20};
 
     // Process-wide values that cross forms.
     bool Attunes = true;              // see-through windows

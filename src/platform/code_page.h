@@ -23,7 +23,7 @@ QString toUnicode(const QByteArray& bytes);
 bool appendUtf8(std::string& target, std::string_view utf8);
 // Number of characters (not bytes) of a UTF-8 text, as the single-byte code page will count them.
 std::size_t characters(std::string_view utf8);
-// Fault deviceError when this machine has no windows-1250 converter; called once at start.
+// Fault fileNotFound when this machine has no windows-1250 converter; called once at start.
 void requireCodec();
 
 } // namespace code_page

@@ -1,5 +1,5 @@
 // Gives the event loop a turn from inside a long loop, by time and not by record: a turn on each of fifty
-// thousand records costs seconds, one every twentieth of a second nothing.
+// thousand records costs seconds, one every 20 milliseconds nothing.
 #pragma once
 
 #include <chrono>

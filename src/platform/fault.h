@@ -9,8 +9,8 @@
 
 namespace vandrel {
 
-// The numbers that some handler knows. File faults follow the run-time errors the clinics' manuals list,
-// the four-digit ones are the storage engine's.
+// The numbers that some handler knows. They are shown in boxes and have not changed since the first version,
+// so that the clinics and their support know them: file faults have two digits, the storage engine's four.
 namespace fault {
 inline constexpr int invalidCall = 5; // also: a value longer than its report column
 inline constexpr int overflow = 6;

@@ -59,7 +59,7 @@ ReportOutcome runReport(Workstation& station, const ReportRequest& request, Repo
     }
 
     const SheetSelection& selection = kind->report().selection;
-    EventTurn turn(station.serveEvents);
+    EventTurn turn(station.serveEvents, station.turnEvery);
     outcome.result = Result::notStarted;
     try {
         testTarget(station);

@@ -46,7 +46,7 @@ WriteBackOutcome writeBackMarks(Workstation& station, const QString& from, const
     try {
         const OptionRule rule = ruleOf(option);
         const PeriodCondition period = periodCondition(from, to);
-        EventTurn turn(station.serveEvents);
+        EventTurn turn(station.serveEvents, station.turnEvery);
         Database& data = station.files[DataFile::tetdata];
         std::vector<qint64> sheets;
         {
