@@ -32,7 +32,7 @@ std::optional<QDate> parseDate(const QString& text);
 
 // The format "##,##": thousands grouped by a no-break space, rounded half away from zero to a whole number.
 QString thousands(double value);
-// The format "##,##0.00" with " %" behind it: grouped, two decimals, decimal comma ("12,50 %").
+// The format "##,##0.00" with " %" after it: grouped, two decimals, decimal comma ("12,50 %").
 QString percent(double value);
 // A number as the program writes it into texts: decimal comma, no needless zeros ("1,5", "12").
 QString number(double value);

@@ -24,13 +24,13 @@ class DocumentTable {
     // Characters that the encoding does not have; they would be written as "?".
     qint64 unencodable(Encoding encoding) const;
     // Writes the whole file or nothing: an earlier file of the name stays until the new one is complete.
-    // Lines end in CR LF; a cell with a semicolon, a quote or a line end stands in quotes. Faults of the
+    // Lines end in CR LF; a cell with a semicolon, a quote or a line end is quoted. Faults of the
     // file.
     void save(const QString& path, Encoding encoding) const;
 
   private:
     void pack();
-    // Calls take with the table's bytes, block by block; a block ends behind a row.
+    // Calls take with the table's bytes, block by block; a block ends after a row.
     template<class Take>
     void eachBlock(Take take) const;
 

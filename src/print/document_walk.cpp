@@ -7,7 +7,7 @@ namespace vandrel {
 
 namespace {
 
-// The box stands this much around the item, in twips.
+// The box lies this far outside the item, in twips.
 constexpr double boxGap = 90;
 // Sums of heights may differ in their last binary digit from the height they add up to.
 constexpr double rounding = 0.001;
@@ -235,7 +235,7 @@ Stretch stretchOf(std::u16string_view visible, double excess, double blankWidth)
 
 void DocumentWalk::drawSegment(const qcTextItem& item, const Segment& segment, const Frame& frame) {
     const TextStyle& style = *item.m_style;
-    // No tag reaches beyond its segment, so nothing behind it is searched for the end of one.
+    // No tag reaches beyond its segment, so the end of one is looked for in the segment only.
     const std::u16string_view text(m_text.data(), segment.stop);
     TagState pen(style, m_engine.meter, m_engine.printer.size());
 
@@ -256,9 +256,9 @@ void DocumentWalk::drawSegment(const qcTextItem& item, const Segment& segment, c
     double x = frame.left + segment.lineLeft;
     if (segment.alignment == item_alignment::centre)
         x = frame.left +
-            (segment.room - segment.width) / 2; // moved by the tags' indents through the room only
+            (segment.room - segment.width) / 2; // Deliberate: the tags' indents count through the room only
     else if (segment.alignment == item_alignment::right)
-        x = frame.right - segment.width; // not moved by the tags' indents at all; both are wanted
+        x = frame.right - segment.width; // Deliberate: the tags' indents do not count at all
 
     pen.font = segment.font;
     const bool natural = stretch.blank == 0 && stretch.other == 0;

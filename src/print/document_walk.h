@@ -1,5 +1,5 @@
 // The walk through a document that puts its items onto pages. It is the same with drawing switched off, which
-// is how a page far behind is reached.
+// is how a late page is reached.
 #pragma once
 
 #include "print/qc_printer.h"
@@ -11,7 +11,7 @@ namespace vandrel {
 
 class DocumentWalk {
   public:
-    // pageEnded is called behind every drawn page, its footer included; false ends the walk.
+    // pageEnded is called after every drawn page, its footer included; false ends the walk.
     DocumentWalk(qcPrinter& document, std::function<PageTarget&()> target, std::function<bool()> pageEnded);
 
     // False when pageEnded has ended it.
@@ -36,7 +36,7 @@ class DocumentWalk {
     // Draws one item, from resumePos on (1-based; 0: from its beginning, with its Top). 0: it is complete;
     // otherwise the position of the first segment that did not fit. turned: the page was turned for this
     // item, so that its first line is drawn even where it does not fit; it would be lost otherwise, and
-    // everything behind it.
+    // everything after it.
     int DrawItem(const qcTextItem& item, int resumePos, const Frame& frame, bool drawing, bool turned);
     int passItem(const qcTextItem& item, int resumePos, const Frame& frame, bool turned);
     void drawSegment(const qcTextItem& item, const Segment& segment, const Frame& frame);

@@ -118,7 +118,7 @@ PageFont::Sign PageFont::find(char32_t character) const {
         character = U' ';
         break;
     case QChar::Other_Format:
-        if (character != U'\u00AD') return {}; // the soft hyphen is a hyphen wherever it stands
+        if (character != U'\u00AD') return {}; // the soft hyphen is a hyphen wherever it is
         break;
     default:
         break;

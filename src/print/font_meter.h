@@ -1,4 +1,4 @@
-// The fonts of the printed page: which face of this machine stands for a name, how wide its characters are,
+// The fonts of the printed page: which face of this machine is used for a name, how wide its characters are,
 // and by which glyph each is painted. Measuring and painting ask the same table, so that they cannot differ.
 // Needs Qt's fonts (a QGuiApplication), but no screen and no printer.
 #pragma once
@@ -12,7 +12,7 @@
 
 namespace vandrel {
 
-// One font at the size at which one unit is one twip. There is no shaping: each character stands for itself,
+// One font at the size at which one unit is one twip. There is no shaping: each character is drawn as itself,
 // without kerning and ligatures.
 class PageFont {
   public:
@@ -52,13 +52,13 @@ class FontMeter : public TextMeter {
     std::unique_ptr<Face> makeFace(const FontChoice& choice) override;
 };
 
-// The family that stands for a name: the metric-equal faces for the names that the lists use, in any case of
+// The family that is used for a name: the metric-equal faces for the names that the lists use, in any case of
 // letters; the name itself where this machine has such a family; the sans serif face for every other one.
 QString pageFamily(const QString& name);
 // Fault fileNotFound, naming the faces, when one that the layout of the lists relies on is missing: another
 // one in its place would break every line elsewhere. Called once at start.
 void requirePageFonts();
-// The character that stands for text[at], and whether it takes two units. Half of a pair stands for itself.
+// The character at text[at], and whether it takes two units. Half of a pair is a character of its own.
 struct DecodedCharacter {
     char32_t character;
     bool pair;

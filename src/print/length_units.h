@@ -3,7 +3,7 @@
 
 namespace vandrel {
 
-// The unit codes. Any other code converts every length to 0, in both directions, and that is wanted.
+// The unit codes. Deliberate: any other code converts every length to 0, in both directions.
 namespace scale_mode {
 inline constexpr long twip = 1;
 inline constexpr long inch = 5;

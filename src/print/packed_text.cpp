@@ -10,7 +10,7 @@ namespace vandrel {
 
 namespace {
 
-// Bytes from here on begin no letter, so each stands for a tag. The longer one of two that begin alike first.
+// Bytes from here on begin no letter, so each is a tag. The longer one of two that begin alike first.
 constexpr unsigned char firstTag = 0xF8;
 constexpr std::array<std::u16string_view, 5> tags = {u"</LINDENT><LINDENT=", u"</LINDENT>", u"<LINDENT=",
                                                      u"<b>", u"</b>"};

@@ -25,7 +25,7 @@ void PageSpool::text(const TextRun& run) {
     if (fresh) m_faces.push_back(run.face);
     m_stream << static_cast<quint8>(Entry::text) << place->second << run.text.toString() << run.y
              << run.underline << static_cast<qint64>(run.color) << run.natural;
-    // Where each character stands at the end of the one before, the first place says all.
+    // Where each character begins at the end of the one before, the first place says all.
     for (const double x : run.natural ? run.xs.first(1) : run.xs)
         m_stream << x;
 }
@@ -69,7 +69,7 @@ void PageSpool::playText(PageTarget& page) {
         }
         const auto unit = static_cast<qsizetype>(at);
         const bool pair = text[unit].isLowSurrogate() && text[unit - 1].isHighSurrogate();
-        // Both halves of a pair stand at its place; the one behind it is a pair's width further.
+        // Both halves of a pair have its place; the character after it is a pair's width further.
         if (pair)
             xs[at] = xs[at - 1];
         else if (at >= 2 && text[unit - 1].isLowSurrogate() && text[unit - 2].isHighSurrogate())

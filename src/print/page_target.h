@@ -18,7 +18,7 @@ struct TextRun {
     const Face* face = nullptr;
     bool underline = false;
     long color = 0;      // R + 256 G + 65536 B
-    bool natural = true; // each character stands where the one before ends: no stretching
+    bool natural = true; // each character begins where the one before ends: no stretching
 };
 
 class PageTarget {

@@ -24,7 +24,7 @@ std::optional<float> readZoom(QStringView typed) {
 }
 
 QString zoomText(float zoom) {
-    // The digits of the single, not those of the double that stands behind it.
+    // The digits of the single, not those of the double that it is kept in.
     const double shown = QString::number(double{zoom}, 'g', 7).toDouble();
     return format::number(shown) + u" %"_s;
 }
@@ -39,8 +39,8 @@ Scaling scale(const PaperSize& picture, const PaperSize& area, const PaperSize& 
         if (zoom == wholeWidth) factor = (result.view.width - margins) / picture.width;
         result.factor = std::max(factor, smallestFactor);
         result.copy = {picture.width * result.factor, picture.height * result.factor};
-        // The page is compared, not its holder: a page that just fits hides a strip of its margin, and that
-        // is wanted. A bar that was needed once stays, or it would come and go for ever.
+        // Deliberate: the page is compared, not its holder: a page that just fits hides a strip of its
+        // margin. A bar that was needed once stays, or it would come and go for ever.
         if (!result.horizontalBar && result.copy.width > result.view.width) {
             result.horizontalBar = true;
             result.view.height -= bar.height;

@@ -34,7 +34,7 @@ inline constexpr std::array<ZoomEntry, 5> zoomList{{{u"100 %", 100},
                                                     {u"Teljes oldal", wholePage},
                                                     {u"Teljes szélesség", wholeWidth}}};
 
-// A typed zoom: a number above 0 and at most 200, with a decimal comma or point, "%" behind it or not;
+// A typed zoom: a number above 0 and at most 200, with a decimal comma or point, "%" after it or not;
 // nullopt for anything else.
 std::optional<float> readZoom(QStringView typed);
 // "120 %", "62,5 %"

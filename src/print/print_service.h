@@ -1,5 +1,5 @@
 // The printers as the engine sees them: a collection of names, what paper each has, and print jobs.
-// The platform's printers stand behind it in the program, a recording in the tests.
+// The program uses the platform's printers, the tests a recording.
 #pragma once
 
 #include "print/page_target.h"

@@ -2,6 +2,7 @@
 
 #include "platform/fault.h"
 #include "print/document_walk.h"
+#include "print/pagination.h"
 
 #include <algorithm>
 
@@ -248,7 +249,7 @@ void qcPrinter::RemoveItem(const qcTextItemCol::IndexOrKey& which) {
     try {
         m_items.Remove(which);
     } catch (const Fault&) {
-        // An item that is not there is as good as removed, and that is wanted.
+        // Deliberate: an item that is not there is as good as removed.
     }
     m_engine.raisePaging();
 }
@@ -277,78 +278,10 @@ void qcPrinter::prepareBands(int page, bool isLast, int total) {
 int qcPrinter::Pages() {
     // The flag is everyone's: another document may have cleared it before this one was ever laid out.
     if (m_engine.NeedsPaging || m_pages == 0) {
-        paginate();
+        Pagination(*this).run();
         DocumentWalk(*this, {}, {}).findPageStarts();
     }
     return m_pages;
-}
-
-void qcPrinter::paginate() {
-    int lastFlow = m_items.Count();
-    while (lastFlow > 0 && (m_items.begin() + (lastFlow - 1))->Absolute())
-        --lastFlow;
-
-    shareGeometry();
-    int page = 1;
-    double y = 0;
-    int highestAbsPage = 0;
-    bool isLast = false;
-    const auto bands = [&] { prepareBands(page, isLast, m_pages); };
-    // On the last flow item: the last page's bands, unless what is left of it needs another page.
-    const auto lastBands = [&](double left) {
-        isLast = true;
-        bands();
-        if (left <= m_engine.bodyHeight()) return;
-        isLast = false;
-        bands();
-    };
-    const auto turn = [&] {
-        ++page;
-        isLast = false;
-        bands();
-        y = 0;
-    };
-    bands();
-
-    int index = 0;
-    for (qcTextItem& item : m_items) {
-        ++index;
-        item.GetSize();
-        const TextStyle& style = *item.m_style.constData();
-        if (style.absolute) {
-            highestAbsPage = std::max(highestAbsPage, style.absPage);
-            continue;
-        }
-        if ((style.newPage & page_break::before) != 0) turn();
-        if (index == lastFlow) lastBands(item.m_height);
-        item.m_startPage = item.m_endPage = 0;
-        double positionStart = y;
-        y += style.top;
-        double placed = 0;
-        for (int line = 1; line <= item.m_lineCount; ++line) {
-            const double height = item.LineHeight(line);
-            if (y + height <= m_engine.bodyHeight()) {
-                y += height;
-                if (item.m_startPage == 0) item.m_startPage = page;
-            } else {
-                ++page;
-                y = height;
-                if (line == 1) {
-                    item.m_startPage = page;
-                    positionStart = 0;
-                }
-                // On any other item BodyHeight stays that of the page before, and that is wanted.
-                if (index == lastFlow) lastBands(item.m_height - placed);
-            }
-            placed += height;
-        }
-        item.m_positionStart = static_cast<float>(positionStart);
-        item.m_endPage = page;
-        item.m_positionEnd = static_cast<float>(y);
-        if ((style.newPage & page_break::after) != 0) turn();
-    }
-    m_pages = std::max(page, highestAbsPage);
-    m_engine.NeedsPaging = false;
 }
 
 void qcPrinter::WalkDocument(PageTarget& target, int startPage, int endPage) {

@@ -84,7 +84,7 @@ class qcPrinter {
     void setFooter(int slot, const qcTextItem& item);
     bool SetHeader(int slot) const;
     bool SetFooter(int slot) const;
-    // True also measures the slot's item; NeedsPaging stays as it is, and that is wanted.
+    // True also measures the slot's item. Deliberate: NeedsPaging stays as it is.
     void setSetHeader(int slot, bool inUse);
     void setSetFooter(int slot, bool inUse);
     void HeaderCopy(int from, int to);
@@ -98,9 +98,9 @@ class qcPrinter {
     // A place from 1 or a key; one that is not there is ignored.
     void RemoveItem(const qcTextItemCol::IndexOrKey& which);
 
-    // Draws the pages from startPage to endPage, both from 1, one behind the other onto the same target; a
+    // Draws the pages from startPage to endPage, both from 1, one after the other onto the same target; a
     // document with fewer pages gives header, footer and absolute items only. Where each page begins is kept,
-    // so that a page far behind is not looked for from page 1.
+    // so that a late page is not looked for from page 1.
     void WalkDocument(PageTarget& target, int startPage, int endPage);
     // One page onto the preview's picture.
     void PreviewPage(PageTarget& picture, int page);
@@ -116,15 +116,17 @@ class qcPrinter {
     // Shows the preview window and waits until it is closed.
     void Preview();
 
+    // Both are in form_print.cpp.
     // One absolute item on page 1 for every control, as if the form's width were the paper's. alignment is
-    // how the texts stand in their controls' widths. Items are kept under the controls' names, option buttons
-    // under "Opt:" and the name; fault 457 for a name that is there already.
+    // how the texts are aligned in their controls' widths. Items are kept under the controls' names, option
+    // buttons under "Opt:" and the name; fault 457 for a name that is there already.
     void FormPrint(const PrintableForm& form, long alignment = form_alignment::left);
     // The controls' present texts into those items. Faults formNotPrinted and otherForm, with their source.
     void FormPrint_Update(const PrintableForm& form);
 
   private:
     friend class DocumentWalk;
+    friend class Pagination;
 
     // Where a page begins: the item, the position in its text (1-based; 0: from its beginning), and whether
     // the break before that item has already been made.
@@ -155,7 +157,6 @@ class qcPrinter {
     qcTextItem* bandOf(Band band, int page, bool isLast, int total);
     // Chooses, fills and measures both bands for a page, and with them the body's height.
     void prepareBands(int page, bool isLast, int total);
-    void paginate();
     void computeOrientOkay();
 
     PrintEngine& m_engine;

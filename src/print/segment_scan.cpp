@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -170,7 +169,7 @@ bool SegmentScan::fits(double width) {
     return yes;
 }
 
-// True when the "<" at m_at begins a tag, which is then behind; a forced end is told in segment.end.
+// True when the "<" at m_at begins a tag; m_at is then after it, and a forced end is told in segment.end.
 bool SegmentScan::readTag(Segment& segment) {
     const TagState::Effect effect = m_state.read(m_text, m_at, m_at);
     if (effect == TagState::Effect::none) return false;
@@ -187,6 +186,19 @@ bool SegmentScan::readTag(Segment& segment) {
 
 bool SegmentScan::next(Segment& segment) {
     if (m_at >= m_text.size() && !m_carried) return false;
+    const double heightBefore = m_forced ? m_lineHeight : -1;
+    beginSegment(segment);
+    m_open.freshHeight = m_carried ? m_carry.height : 0;
+    m_open.wordHeight = m_open.freshHeight;
+    m_carried = false;
+    while (step(segment)) {
+    }
+    m_resumed = false;
+    endSegment(segment, heightBefore);
+    return true;
+}
+
+void SegmentScan::beginSegment(Segment& segment) {
     if (m_forced) {
         // From here on the indents are those that the tags have set.
         m_lineLeft = m_state.tagLeft;
@@ -196,116 +208,113 @@ bool SegmentScan::next(Segment& segment) {
     } else {
         m_lineHeight = 0;
     }
-    // The line height of a page that begins with this segment: the carried word's letters count there.
-    double freshHeight = m_carried ? m_carriedHeight : 0;
-    double wordHeight = freshHeight;
-    const double heightBefore = m_forced ? m_lineHeight : -1;
     m_forced = false;
-
-    segment.start = m_carried ? m_carriedStart : m_at;
-    segment.font = m_carried ? m_carriedFont : m_state.font;
+    segment.start = m_carried ? m_carry.start : m_at;
+    segment.font = m_carried ? m_carry.font : m_state.font;
     segment.lineLeft = m_lineLeft;
     segment.lineRight = m_lineRight;
     segment.room = m_room;
     segment.end = Segment::End::text;
-    double lineWidth = 0; // of the words that are on the line
-    double wordWidth = m_carried ? m_carriedWidth : 0;
-    const bool carried = std::exchange(m_carried, false);
-    bool hasWords = false; // a blank or a hyphen stands on the line, so it can end behind it
-    std::size_t wordStart = segment.start;
-    FontNow wordFont = segment.font;
-    long wordAlignment = carried ? m_carriedAlignment : m_state.alignment;
+    m_open = {};
+    m_open.word.start = segment.start;
+    m_open.word.font = segment.font;
+    m_open.word.alignment = m_carried ? m_carry.alignment : m_state.alignment;
+    m_open.word.width = m_carried ? m_carry.width : 0;
+}
 
-    bool ended = false;
-    while (!ended) {
-        if (m_at >= m_text.size()) {
-            lineWidth += wordWidth;
-            segment.stop = m_text.size();
-            break;
-        }
-        const std::size_t here = m_at;
-        const char16_t unit = m_text[here];
-        const Face& face = *m_state.font.face;
-        if (unit == u' ') {
-            lineWidth += wordWidth + face.width(u' ');
-            wordWidth = wordHeight = 0;
-            hasWords = true;
-            wordStart = ++m_at;
-            wordFont = m_state.font;
-            wordAlignment = m_state.alignment;
-            continue;
-        }
-        if (unit == u'\n' || unit == u'\r') {
-            m_at += unit == u'\r' && here + 1 < m_text.size() && m_text[here + 1] == u'\n' ? 2 : 1;
-            lineWidth += wordWidth;
-            segment.stop = here;
-            segment.end = Segment::End::paragraph;
-            break;
-        }
-        if (unit == u'<' && readTag(segment)) {
-            if (segment.end != Segment::End::forced) continue;
-            lineWidth += wordWidth;
-            segment.stop = here;
-            m_forced = true;
-            break;
-        }
-        char32_t character = unit;
-        std::size_t next = here + 1;
-        if (QChar::isHighSurrogate(unit) && next < m_text.size() && QChar::isLowSurrogate(m_text[next]))
-            character = QChar::surrogateToUcs4(unit, m_text[next++]);
-        m_at = next;
-        m_lineHeight = std::max(m_lineHeight, face.height());
-        wordHeight = std::max(wordHeight, face.height());
-        const double width = face.width(character);
-        const bool lineEmpty = !hasWords && wordWidth == 0;
-        // Resumed, the line begins with what the line before it could not take: not asked again, or a page
-        // that is narrower than a letter would begin with an empty line and lose its last one.
-        if ((m_resumed && lineEmpty) || fits(lineWidth + wordWidth + width)) {
-            wordWidth += width;
-            if (unit == u'-') {
-                lineWidth += wordWidth;
-                wordWidth = wordHeight = 0;
-                hasWords = true;
-                wordStart = m_at;
-                wordFont = m_state.font;
-                wordAlignment = m_state.alignment;
-            }
-            continue;
-        }
-        segment.end = Segment::End::overflow;
-        m_carried = true;
-        m_carriedHeight = hasWords ? wordHeight : face.height();
-        if (hasWords) {
-            // The line ends before the word, which goes on on the next one.
-            segment.stop = m_carriedStart = wordStart;
-            m_carriedFont = wordFont;
-            m_carriedAlignment = wordAlignment;
-            m_carriedWidth = wordWidth + width;
-        } else {
-            // A single word is wider than the line: it is cut here.
-            lineWidth += wordWidth;
-            segment.stop = m_carriedStart = here;
-            m_carriedFont = m_state.font;
-            m_carriedAlignment = m_state.alignment;
-            m_carriedWidth = width;
-        }
-        // Nobody asks whether the carried word fits; on a page that begins with it its letters are asked, and
-        // its hyphen is one again.
-        if (m_carriedWidth > m_room || unit == u'-') m_drawsAlike = false;
-        ended = true;
+// One character or tag; false when the segment has ended.
+bool SegmentScan::step(Segment& segment) {
+    if (m_at >= m_text.size()) {
+        m_open.lineWidth += m_open.word.width;
+        segment.stop = m_text.size();
+        return false;
     }
+    const std::size_t here = m_at;
+    const char16_t unit = m_text[here];
+    if (unit == u' ') {
+        m_open.word.width += m_state.font.face->width(u' ');
+        ++m_at;
+        endWord();
+        return true;
+    }
+    if (unit == u'\n' || unit == u'\r') {
+        m_at += unit == u'\r' && here + 1 < m_text.size() && m_text[here + 1] == u'\n' ? 2 : 1;
+        m_open.lineWidth += m_open.word.width;
+        segment.stop = here;
+        segment.end = Segment::End::paragraph;
+        return false;
+    }
+    if (unit == u'<' && readTag(segment)) {
+        if (segment.end != Segment::End::forced) return true;
+        m_open.lineWidth += m_open.word.width;
+        segment.stop = here;
+        m_forced = true;
+        return false;
+    }
+    return takeCharacter(segment, here);
+}
 
-    m_resumed = false;
-    segment.width = lineWidth;
+// The word is on the line, with the blank or hyphen at its end; the next one begins at m_at.
+void SegmentScan::endWord() {
+    m_open.lineWidth += m_open.word.width;
+    m_open.word = {m_at, m_state.font, m_state.alignment, 0, 0};
+    m_open.wordHeight = 0;
+    m_open.hasWords = true;
+}
+
+bool SegmentScan::takeCharacter(Segment& segment, std::size_t here) {
+    const char16_t unit = m_text[here];
+    const Face& face = *m_state.font.face;
+    char32_t character = unit;
+    m_at = here + 1;
+    if (QChar::isHighSurrogate(unit) && m_at < m_text.size() && QChar::isLowSurrogate(m_text[m_at]))
+        character = QChar::surrogateToUcs4(unit, m_text[m_at++]);
+    m_lineHeight = std::max(m_lineHeight, face.height());
+    m_open.wordHeight = std::max(m_open.wordHeight, face.height());
+    const double width = face.width(character);
+    const bool lineEmpty = !m_open.hasWords && m_open.word.width == 0;
+    // Resumed, the line begins with what the line before it could not take: not asked again, or a page that
+    // is narrower than a letter would begin with an empty line and lose its last one.
+    if ((m_resumed && lineEmpty) || fits(m_open.lineWidth + m_open.word.width + width)) {
+        m_open.word.width += width;
+        if (unit == u'-') endWord();
+        return true;
+    }
+    overflow(segment, here, width);
+    return false;
+}
+
+// The character at that place, so wide, is too much for the line.
+void SegmentScan::overflow(Segment& segment, std::size_t here, double width) {
+    segment.end = Segment::End::overflow;
+    if (m_open.hasWords) {
+        // The line ends before the word, which goes on on the next one.
+        m_carry = m_open.word;
+        m_carry.width += width;
+        m_carry.height = m_open.wordHeight;
+    } else {
+        // A single word is wider than the line: it is cut here.
+        m_open.lineWidth += m_open.word.width;
+        m_carry = {here, m_state.font, m_state.alignment, width, m_state.font.face->height()};
+    }
+    segment.stop = m_carry.start;
+    m_carried = true;
+    // Nobody asks whether the carried word fits; on a page that begins with it its letters are asked, and its
+    // hyphen is one again.
+    if (m_carry.width > m_room || m_text[here] == u'-') m_drawsAlike = false;
+}
+
+// heightBefore: of the line's segments before this one, when the line was open; -1 otherwise.
+void SegmentScan::endSegment(Segment& segment, double heightBefore) {
+    segment.width = m_open.lineWidth;
     // A tag in the word that goes on on the next line has no say on the segment that ended before it.
-    segment.alignment = m_carried ? m_carriedAlignment : m_state.alignment;
-    freshHeight = std::max(freshHeight, m_lineHeight);
+    segment.alignment = m_carried ? m_carry.alignment : m_state.alignment;
+    const double freshHeight = std::max(m_open.freshHeight, m_lineHeight);
     if (m_lineHeight == 0) m_lineHeight = m_state.font.face->height();
     if (freshHeight > 0 && freshHeight != m_lineHeight) m_drawsAlike = false;
     segment.height = m_lineHeight;
     // Drawing asks for each segment whether it fits; measuring knows the whole line's height only.
     if (heightBefore >= 0 && m_lineHeight > heightBefore) m_drawsAlike = false;
-    return true;
 }
 
 } // namespace vandrel

@@ -27,7 +27,7 @@ class TagState {
         closed,  // an indent was put back
         forced   // the segment ends
     };
-    // Reads the tag at text[at], which is a "<"; next becomes the place behind it.
+    // Reads the tag at text[at], which is a "<"; next becomes the place after it.
     Effect read(std::u16string_view text, std::size_t at, std::size_t& next);
 
     FontNow font;
@@ -81,6 +81,29 @@ class SegmentScan {
     bool drawsAlike() const { return m_drawsAlike; }
 
   private:
+    // A stretch of letters between two places where a line may end, and the state at its start.
+    struct Word {
+        std::size_t start = 0;
+        FontNow font;
+        long alignment = 0;
+        double width = 0;
+        double height = 0; // of its letters; kept for a carried word only
+    };
+    // The segment that is being scanned.
+    struct Open {
+        double lineWidth = 0; // of the words that are on the line
+        Word word;            // not on the line yet
+        double wordHeight = 0;
+        double freshHeight = 0; // of a line that would begin with this segment: the carried letters count
+        bool hasWords = false;  // a blank or a hyphen is on the line, so it can end after it
+    };
+
+    void beginSegment(Segment& segment);
+    bool step(Segment& segment);
+    void endWord();
+    bool takeCharacter(Segment& segment, std::size_t here);
+    void overflow(Segment& segment, std::size_t here, double width);
+    void endSegment(Segment& segment, double heightBefore);
     bool fits(double width);
     bool readTag(Segment& segment);
     double roomBetween(double left, double right) const { return m_fullWidth - left - right; }
@@ -98,13 +121,9 @@ class SegmentScan {
     bool m_forced = false;  // the last segment ended so
     bool m_resumed = false; // no segment has been given since resumeAt
     bool m_drawsAlike = true;
-    // The word that did not fit and begins the next line.
-    bool m_carried = false;
-    std::size_t m_carriedStart = 0;
-    FontNow m_carriedFont;
-    long m_carriedAlignment = 0;
-    double m_carriedWidth = 0;
-    double m_carriedHeight = 0;
+    Open m_open;
+    bool m_carried = false; // there is a word that did not fit and begins the next line
+    Word m_carry;
 };
 
 // A number at the beginning of a text, with a decimal point; 0 where there is none.

@@ -252,7 +252,7 @@ void qcTextItem::measure(std::u16string_view text) {
     m_lines.reset();
     m_line = {};
     if (!(fullWidth > 0)) {
-        // LineCount, Width and Height keep their earlier values, and that is wanted; the lines are gone.
+        // Deliberate: LineCount, Width and Height keep their earlier values; the lines are gone.
         m_drawsAsMeasured = false;
         return;
     }
@@ -260,7 +260,7 @@ void qcTextItem::measure(std::u16string_view text) {
     SegmentScan scan(text, style, engine, SegmentScan::Purpose::measuring, fullWidth);
 
     double total = style.absolute ? 0 : style.top;
-    double width = m_width; // never reset: it only rises here, and that is wanted
+    double width = m_width; // Deliberate: never reset, it only rises here
     std::vector<Line> lines;
     m_lineCount = 0;
     bool lineOpen = false; // a forced end leaves the line open for what follows

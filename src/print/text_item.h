@@ -129,7 +129,7 @@ class qcTextItem {
     // Text with the page fields replaced, into ParsedText.
     void ParseFields(int pageNumber, int pageTotal, const QString& appName);
 
-    // What stands behind the first "=" of a tag; a colour as the decimal text of its number. Empty without
+    // What comes after the first "=" of a tag; a colour as the decimal text of its number. Empty without
     // "=".
     static QString GetTagValue(QStringView tag);
 
@@ -150,6 +150,7 @@ class qcTextItem {
   private:
     friend class qcPrinter;
     friend class DocumentWalk;
+    friend class Pagination;
 
     struct Line {
         float height = 0; // LineSpacing included

@@ -1,8 +1,8 @@
-// List 6: what one patient's visits of a period were and what they cost, by unit and sheet.
+#include "statistics/individual_costs.h"
+
 #include "foundation/institution_data.h"
 #include "platform/format.h"
 #include "print/literal_text.h"
-#include "statistics/producers.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +18,7 @@ constexpr int diagnoses = 5;
 enum Column { AZONOSITO, SZAKREND, F_DATUM, PaciensId, DIAG1 };
 constexpr const char* columns = "AZONOSITO, SZAKREND, F_DATUM, PaciensId, DIAG1, DIAG2, DIAG3, DIAG4, DIAG5";
 
-// A caption and its value; the first end tag has nothing to end, and that is wanted.
+// A caption and its value. Deliberate: the first end tag has nothing to end.
 QString caption(const QString& name, const QString& value) {
     return u"  "_s + name + u"</LINDENT><LINDENT=50>"_s + value;
 }
@@ -27,18 +27,18 @@ void institution(ListRun& run) {
     const Institution stored = readInstitution(run.station).value_or(Institution());
     run.text(u"INTÉZMÉNYI ADATOK:"_s);
     run.text(caption(u"neve:"_s, literalText(stored.Int_nev)));
-    run.text(caption(u"kódja:"_s, u" </LINDENT>"_s)); // no code is printed, and that is wanted
+    run.text(caption(u"kódja:"_s, u" </LINDENT>"_s)); // Deliberate: no code is printed
     run.text(caption(u"bankszámlaszáma:"_s, literalText(stored.Bankszamla)));
     run.text(caption(u"adóigazgatási azonosító száma:"_s, literalText(stored.Adoig_szam)));
     run.rule(bodySize, ruleLength);
 }
 
-struct Patient {
+struct PatientHead {
     QString name, taj;
 };
 
-Patient patient(ListRun& run, qint64 id) {
-    Patient found;
+PatientHead patientHead(ListRun& run, qint64 id) {
+    PatientHead found;
     QString postalCode, city, street;
     Query row = run.data().query(
         "select Neve, TAJ, Irszam, City, Cim from Paciensek where ID=?1 order by rowid limit 1", id);
@@ -105,7 +105,7 @@ void Egyeni_koltseg_nyom(ListRun& run) {
     run.row({u"Név"_s, u"TAJ"_s, u"Munkahely"_s, u"Munkahely neve"_s, u"Dátum"_s, u"BNO-k"_s, u"WHO"_s,
              u"Megnevezés"_s, u"Mennyiség"_s, u"Pontszám egységre"_s, u"Pontszám összesen"_s, u"Összeg"_s});
 
-    Patient who;
+    PatientHead who;
     QString unit;
     CostFigures daySums, unitSums, listSums;
     bool first = true;
@@ -123,7 +123,7 @@ void Egyeni_koltseg_nyom(ListRun& run) {
     run.eachSheet(columns, [&](const Query& sheet) {
         const QString thisUnit = sheet.text(SZAKREND);
         if (first) {
-            who = patient(run, sheet.integer(PaciensId));
+            who = patientHead(run, sheet.integer(PaciensId));
             unitLine(run, thisUnit);
         } else {
             endDay();

@@ -1,8 +1,8 @@
-// Lists 7 and 8: outpatient against inpatient quantities of one unit, and the visit fees taken.
+#include "statistics/individual_lists.h"
+
 #include "foundation/institution_data.h"
 #include "platform/format.h"
 #include "print/literal_text.h"
-#include "statistics/producers.h"
 
 #include <map>
 
@@ -66,7 +66,7 @@ void Ossz_lista_nyom(ListRun& run) {
             (inpatient ? counts.inpatient : counts.outpatient) += line.number(1);
             any = true;
         }
-        // A sheet without lines stands in the list as a line without a code; that is wanted.
+        // Deliberate: a sheet without lines gives a line without a code.
         if (!any) procedures[QString()];
     });
 

@@ -20,7 +20,7 @@ enum class StatisticsList {
     visitFees = 8
 };
 
-// The fields of the three panels as they stand; each list reads its own.
+// The texts of the three panels' fields; each list reads its own.
 struct ListRequest {
     bool allCategories = false; // lists 1 and 5
     QStringList categories{};   // ticked fee categories in their order; lists 1 and 5

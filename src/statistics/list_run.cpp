@@ -17,9 +17,9 @@ constexpr float closingSize = 11;
 } // namespace
 
 ListRun::ListRun(Workstation& workstation, const ListRequest& asked, ListWriter& writer,
-                 const ListProgress& listProgress, std::vector<qint64> selected, FaultPolicy faultPolicy)
+                 const ListProgress& listProgress, std::vector<qint64> selected, OnFault onFault)
     : station(workstation), request(asked), lookUps(workstation), sheets(std::move(selected)),
-      m_writer(writer), m_progress(listProgress), m_policy(faultPolicy), m_turn(workstation.serveEvents) {}
+      m_writer(writer), m_progress(listProgress), m_onFault(onFault), m_turn(workstation.serveEvents) {}
 
 void ListRun::turn(qint64 done, qint64 all) {
     const bool display = m_turn.displayDue();
@@ -58,7 +58,7 @@ void ListRun::eachRow(DataFile file, std::string_view table, std::string_view co
 }
 
 bool ListRun::attempt(const std::function<void()>& statement) {
-    if (m_policy == FaultPolicy::endList) {
+    if (m_onFault == OnFault::endList) {
         statement();
         return true;
     }
@@ -66,7 +66,7 @@ bool ListRun::attempt(const std::function<void()>& statement) {
         statement();
         return true;
     } catch (const Fault&) {
-        return false; // these lists go on over a failing statement, and that is wanted
+        return false; // Deliberate: these lists go on over a failing statement
     }
 }
 

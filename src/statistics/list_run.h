@@ -17,12 +17,12 @@ namespace vandrel {
 struct ListStopped {};
 
 // A failing statement is left out and the list goes on, or its fault ends the list.
-enum class FaultPolicy { skipStatement, endList };
+enum class OnFault { skipStatement, endList };
 
 class ListRun {
   public:
     ListRun(Workstation& workstation, const ListRequest& asked, ListWriter& writer,
-            const ListProgress& listProgress, std::vector<qint64> selected, FaultPolicy faultPolicy);
+            const ListProgress& listProgress, std::vector<qint64> selected, OnFault onFault);
     ListRun(const ListRun&) = delete;
     ListRun& operator=(const ListRun&) = delete;
 
@@ -66,7 +66,7 @@ class ListRun {
 
     ListWriter& m_writer;
     const ListProgress& m_progress;
-    const FaultPolicy m_policy;
+    const OnFault m_onFault;
     EventTurn m_turn;
     LineLook m_body;
 };
@@ -82,7 +82,7 @@ class TabbedLine {
         m_text.reserve(400);
         m_text += first;
     }
-    // The parts one behind the other at one tab stop.
+    // The parts one after the other at one tab stop.
     template<class... Parts>
     TabbedLine& at(int indent, const Parts&... parts) {
         m_text += u"<LINDENT=";
@@ -109,7 +109,7 @@ struct CodeOrder {
 // The four figures of the lists that count points and money, and the sums of them.
 struct CostFigures {
     double quantity = 0;
-    double unitPoints = 0; // points of one procedure; in a sum the sum of them, and that is wanted
+    double unitPoints = 0; // points of one procedure; Deliberate: in a sum the sum of them
     double points = 0;     // quantity times points
     double value = 0;      // that times the unit's multiplier
 

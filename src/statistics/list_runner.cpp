@@ -2,8 +2,12 @@
 
 #include "print/print_fault.h"
 #include "print/qc_printer.h"
+#include "statistics/individual_costs.h"
+#include "statistics/individual_lists.h"
 #include "statistics/list_selection.h"
-#include "statistics/producers.h"
+#include "statistics/monthly_summaries.h"
+#include "statistics/referrers_itemised.h"
+#include "statistics/traffic_log.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,9 +17,8 @@ namespace {
 
 // What tells the lists apart for the skeleton, in the order of their numbers.
 struct ListEntry {
-    const char16_t* title;
     void (*produce)(ListRun&);
-    FaultPolicy policy;
+    OnFault onFault;
     const char16_t* noData; // null: the list is made all the same
     const char16_t* noDataTitle;
 };
@@ -23,18 +26,14 @@ struct ListEntry {
 constexpr const char16_t* nothingToPrint = u"Nincs nyomtatható adat!";
 
 constexpr ListEntry lists[] = {
-    {u" Betegforgalmi napló", BetForg_naplo_Nyom, FaultPolicy::skipStatement, nothingToPrint, u"Hiba"},
-    {u" Havi összesítő az orvosi rendelés teljesítményéről", Rend_teljesites_nyom, FaultPolicy::endList,
-     nullptr, nullptr},
-    {u" Havi összesítő a beküldőkről", Bekuldok_havi_nyom, FaultPolicy::endList, nothingToPrint, nullptr},
-    {u" Összesített lista az elvégzett beavatkozásokról", Elvegz_beav_nyom, FaultPolicy::endList,
-     nothingToPrint, nullptr},
-    {u" Tételes lista a beküldőkről", Bekuldok_vandrel_nyom, FaultPolicy::skipStatement, nothingToPrint,
-     u"Hiba"},
-    {u" Egyéni szolgáltatás és ráfordított költség kimutatás", Egyeni_koltseg_nyom, FaultPolicy::endList,
-     u"Nincs ilyen TAJ számú beteg!", nullptr},
-    {u" Összesített lista", Ossz_lista_nyom, FaultPolicy::endList, nullptr, nullptr},
-    {u" Vizitdíj statisztika", VizDijStat_Nyom, FaultPolicy::endList, nullptr, nullptr},
+    {BetForg_naplo_Nyom, OnFault::skipStatement, nothingToPrint, u"Hiba"},
+    {Rend_teljesites_nyom, OnFault::endList, nullptr, nullptr},
+    {Bekuldok_havi_nyom, OnFault::endList, nothingToPrint, nullptr},
+    {Elvegz_beav_nyom, OnFault::endList, nothingToPrint, nullptr},
+    {Bekuldok_vandrel_nyom, OnFault::skipStatement, nothingToPrint, u"Hiba"},
+    {Egyeni_koltseg_nyom, OnFault::endList, u"Nincs ilyen TAJ számú beteg!", nullptr},
+    {Ossz_lista_nyom, OnFault::endList, nullptr, nullptr},
+    {VizDijStat_Nyom, OnFault::endList, nullptr, nullptr},
 };
 
 const ListEntry& entry(StatisticsList list) {
@@ -63,8 +62,8 @@ void startDocument(qcPrinter& document) {
 }
 
 // Nothing else of the fault policies concerns the lists that skip failing statements.
-void requirePrinter(const qcPrinter& document, FaultPolicy policy) {
-    if (policy == FaultPolicy::endList && document.engine().service.printers().empty())
+void requirePrinter(const qcPrinter& document, OnFault onFault) {
+    if (onFault == OnFault::endList && document.engine().service.printers().empty())
         throw Fault(fault::noPrinter, u"Nincs telepítve nyomtató!"_s);
 }
 
@@ -76,7 +75,7 @@ void tellFault(Workstation& station, const Fault& fault) {
 ListOutcome made(Workstation& station, StatisticsList list, const ListRequest& request, qcPrinter& document,
                  const ListProgress& progress) {
     const ListEntry& chosen = entry(list);
-    requirePrinter(document, chosen.policy);
+    requirePrinter(document, chosen.onFault);
     startDocument(document);
     std::vector<qint64> sheets = selectSheets(station, list, request);
     if (sheets.empty() && chosen.noData != nullptr) {
@@ -85,16 +84,12 @@ ListOutcome made(Workstation& station, StatisticsList list, const ListRequest& r
         return ListOutcome::noData;
     }
     ListWriter writer(document);
-    ListRun run(station, request, writer, progress, std::move(sheets), chosen.policy);
+    ListRun run(station, request, writer, progress, std::move(sheets), chosen.onFault);
     chosen.produce(run);
     return ListOutcome::ready;
 }
 
 } // namespace
-
-QString listTitle(StatisticsList list) {
-    return QString::fromUtf16(entry(list).title);
-}
 
 ListOutcome runList(Workstation& station, StatisticsList list, const ListRequest& request,
                     qcPrinter& document, const ListProgress& progress) {

@@ -1,6 +1,6 @@
 // The one skeleton behind all eight lists: the document's start, the walk, the turns of the event loop, the
-// question whether to stop, and what happens with no data or with a fault. What a list prints stands in its
-// producer; the window stands in front of it all.
+// question whether to stop, and what happens with no data or with a fault. What a list prints is in its
+// producer. Knows no window.
 #pragma once
 
 #include "foundation/workstation.h"
@@ -21,9 +21,6 @@ inline const QString processing = u"Feldolgozás..."_s;
 inline const QString makingPreview = u"Nyomtatási kép létrehozása..."_s;
 inline const QString ready = u"Lista kész!"_s;
 } // namespace list_status
-
-// Title of the screen's panel, leading blank included (" Betegforgalmi napló").
-QString listTitle(StatisticsList list);
 
 // Makes a list into the document: first empties it, its table too. The request has passed its checks. The
 // event loop gets its turns through station.serveEvents. While it runs progress.stopWanted is asked a few

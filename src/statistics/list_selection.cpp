@@ -12,43 +12,46 @@ namespace vandrel {
 
 namespace {
 
-const QString errorTitle = u"Hiba"_s;
-
 bool unfilled(const QString& date, const QString& mask) {
     return date.trimmed().isEmpty() || date == mask;
 }
 
-struct Check {
-    bool (*fails)(const ListRequest&);
-    const char16_t* message;
-    ListField field;
-};
+using Check = OrderedCheck<const ListRequest&>;
 
 constexpr Check trafficLogChecks[] = {
     {[](const ListRequest& r) { return unfilled(r.from, format::emptyDate); },
-     u"Dátum: -tól kitöltése kötelező!", ListField::from},
+     u"Dátum: -tól kitöltése kötelező!", list_field::from},
     {[](const ListRequest& r) { return unfilled(r.to, format::emptyDate); },
-     u"Dátum: -ig kitöltése kötelező!", ListField::to},
+     u"Dátum: -ig kitöltése kötelező!", list_field::to},
     {[](const ListRequest& r) { return r.fromCode.trimmed().isEmpty(); },
-     u"Szakrendelő: -tól kitöltése kötelező!", ListField::fromCode},
+     u"Szakrendelő: -tól kitöltése kötelező!", list_field::fromCode},
     {[](const ListRequest& r) { return r.toCode.trimmed().isEmpty(); },
-     u"Szakrendelő: -ig kitöltése kötelező!", ListField::toCode},
+     u"Szakrendelő: -ig kitöltése kötelező!", list_field::toCode},
 };
 
 // Nothing else is asked for on this panel: codes and category may stay empty, and then nothing is found.
 constexpr Check monthlyChecks[] = {
     {[](const ListRequest& r) { return unfilled(r.from, format::emptyPeriod); },
-     u"Dátum: -tól kitöltése kötelező!", ListField::from},
+     u"Dátum: -tól kitöltése kötelező!", list_field::from},
     {[](const ListRequest& r) { return unfilled(r.to, format::emptyPeriod); },
-     u"Dátum: -ig kitöltése kötelező!", ListField::to},
+     u"Dátum: -ig kitöltése kötelező!", list_field::to},
 };
 
-// The wording of the code field is the unit's for list 6 too, where it holds a TAJ; that is wanted.
+// Deliberate: the wording of the code field is the unit's for list 6 too, where it holds a TAJ.
 constexpr Check individualChecks[] = {
     monthlyChecks[0],
     monthlyChecks[1],
     {[](const ListRequest& r) { return r.code.trimmed().isEmpty(); }, u"Munkahelykód kitöltése kötelező!",
-     ListField::code},
+     list_field::code},
+};
+
+constexpr Check categoryChecks[] = {
+    {[](const ListRequest& r) { return !ter_ell(r, 0, feeCategoryCount - 1); },
+     u"Nincs kiválasztva térítési kategória!", list_field::categories, u"Hiba"},
+};
+constexpr Check periodOrderChecks[] = {
+    {[](const ListRequest& r) { return r.from > r.to; }, u"Hibás dátumintervallum (ig>tól)!", list_field::to,
+     u"Hiba"},
 };
 
 std::span<const Check> checksOf(StatisticsList list) {
@@ -77,7 +80,7 @@ bool ticked(const ListRequest& request, int box) {
 // A question over BETEG that grows condition by condition, each value bound.
 class SheetQuestion {
   public:
-    // The condition's "?" stands for the value.
+    // The condition's "?" is the place of the value.
     void where(std::string_view condition, const QString& value) {
         m_where += m_where.empty() ? " where " : " and ";
         add(condition, value);
@@ -143,21 +146,16 @@ bool ter_ell(const ListRequest& request, int from, int to) {
     return false;
 }
 
-std::optional<ListComplaint> checkCategories(const ListRequest& request) {
-    if (ter_ell(request, 0, feeCategoryCount - 1)) return std::nullopt;
-    return ListComplaint{u"Nincs kiválasztva térítési kategória!"_s, errorTitle, ListField::categories};
+std::optional<CheckFailure> checkCategories(const ListRequest& request) {
+    return firstFailure(categoryChecks, request);
 }
 
-std::optional<ListComplaint> checkPeriodOrder(const ListRequest& request) {
-    if (request.from <= request.to) return std::nullopt;
-    return ListComplaint{u"Hibás dátumintervallum (ig>tól)!"_s, errorTitle, ListField::to};
+std::optional<CheckFailure> checkPeriodOrder(const ListRequest& request) {
+    return firstFailure(periodOrderChecks, request);
 }
 
-std::optional<ListComplaint> checkRequest(StatisticsList list, const ListRequest& request) {
-    for (const Check& check : checksOf(list))
-        if (check.fails(request))
-            return ListComplaint{QString::fromUtf16(check.message), programTitle, check.field};
-    return std::nullopt;
+std::optional<CheckFailure> checkRequest(StatisticsList list, const ListRequest& request) {
+    return firstFailure(checksOf(list), request);
 }
 
 std::vector<qint64> selectSheets(Workstation& station, StatisticsList list, const ListRequest& request) {

@@ -1,7 +1,7 @@
-// Lists 2, 3 and 4: the monthly head alone, the summary by referrer, and the summed procedures by unit.
+#include "statistics/monthly_summaries.h"
+
 #include "platform/format.h"
 #include "print/literal_text.h"
-#include "statistics/producers.h"
 #include "statistics/scratch_lines.h"
 
 #include <map>
@@ -23,7 +23,7 @@ void costHeads(ListRun& run) {
     run.text(at(110, u"Egységre"_s) + at(130, u"Összesen"_s));
 }
 
-// The points stand before the quantity in the text; the tab stops put them in their places.
+// The points come before the quantity in the text; the tab stops put them in their places.
 void costLine(ListRun& run, const QString& code, const QString& name, const CostFigures& figures) {
     run.text(literalText(code) + at(10, run.fitted(name.left(nameLength), nameWidth)) +
              at(110, format::thousands(figures.unitPoints)) + at(90, format::thousands(figures.quantity)) +
@@ -36,12 +36,12 @@ void sumLine(ListRun& run, const QString& caption, const CostFigures& sums) {
              at(150, format::thousands(sums.value)));
 }
 
-// The wording says unit also where the sum is a referrer's; that is wanted.
+// Deliberate: the wording says unit also where the sum is a referrer's.
 const QString groupSum = u"Szakrendelő összesen:"_s;
 
 } // namespace
 
-// The head is all there is of this list, and that is wanted.
+// Deliberate: the head is all there is of this list.
 void Rend_teljesites_nyom(ListRun& run) {
     run.blank();
     run.made();
@@ -66,7 +66,7 @@ void Bekuldok_havi_nyom(ListRun& run) {
     QString referrer;
     CostFigures referrerSums, listSums;
     bool first = true;
-    // The sheets were copied in their referrers' order, so the lines stand in it too.
+    // The sheets were copied in their referrers' order, so the lines are in it too.
     run.eachRow(
         DataFile::tetseged, "EUSZOLG", "BEAV, MENNY, IGENYLO, SZAKREND", lines, [&](const Query& line) {
             const QString thisReferrer = line.text(IGENYLO);
@@ -148,7 +148,7 @@ void Elvegz_beav_nyom(ListRun& run) {
         listSums += sums;
         quantities.clear();
     };
-    // The sheets were copied in their units' order, so the lines of a unit stand together.
+    // The sheets were copied in their units' order, so the lines of a unit are together.
     run.eachRow(DataFile::tetseged, "EUSZOLG", "BEAV, MENNY, SZAKREND", lines, [&](const Query& line) {
         const QString thisUnit = line.text(SZAKREND);
         if (first || !sameCode(unit, thisUnit)) {

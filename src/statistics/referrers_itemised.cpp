@@ -1,8 +1,8 @@
-// List 5: sheet by sheet under each referrer and category, with every procedure.
+#include "statistics/referrers_itemised.h"
+
 #include "platform/format.h"
 #include "print/literal_text.h"
 #include "statistics/log_parts.h"
-#include "statistics/producers.h"
 
 using namespace Qt::StringLiterals;
 
@@ -69,7 +69,7 @@ void Bekuldok_vandrel_nyom(ListRun& run) {
         category = thisCategory;
         first = false;
 
-        // By the TAJ, not by the patient's number as list 1 goes; that is wanted.
+        // Deliberate: by the TAJ, not by the patient's number as in list 1.
         const PatientColumns patient = patientByTaj(run, sheet.text(SZEM_SZAM));
         const QString diagnosisList = joinedDiagnoses(sheet);
         printSheet(run, sheet, patient, diagnosisList);
@@ -101,7 +101,7 @@ void Bekuldok_vandrel_nyom(ListRun& run) {
         if (lines.empty()) run.row(sheetCells + QStringList{QString(), QString(), QString(), QString()});
     });
     run.bold(u" "_s);
-    run.closing(u"Beküldők összesen:  "_s); // no figure follows, and that is wanted
+    run.closing(u"Beküldők összesen:  "_s); // Deliberate: no figure follows
 }
 
 } // namespace vandrel

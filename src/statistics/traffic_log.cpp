@@ -1,8 +1,8 @@
-// List 1: the patient traffic log by unit and category.
+#include "statistics/traffic_log.h"
+
 #include "platform/format.h"
 #include "print/literal_text.h"
 #include "statistics/log_parts.h"
-#include "statistics/producers.h"
 
 #include <array>
 
@@ -49,7 +49,7 @@ const QStringList tableHeads =
     "Nem;Születési idő;Beküldő;BNO 1;BNO 2;Továbbküldés;Baleset;Orvos;Labor;Röntgen;CT-MR;"
     "Fizioterápia;Keresőképesség;Útiköltség;Vény;Segédeszköz;Gyógyfürdő;Beavatkozások"_s.split(u';');
 
-// The heads of the first unit and of the later ones differ, and that is wanted.
+// Deliberate: the heads of the first unit and of the later ones differ.
 void titleBlock(ListRun& run, const QString& unit, const QString& category, bool first) {
     QString name;
     run.attempt([&] { name = run.lookUps.unit(unit).name; });
@@ -88,7 +88,7 @@ void printSheet(ListRun& run, const Texts& t, const PatientColumns& patient, con
                  .at(130, u"Segéde.: ", shown(GYOGYSEG))
                  .at(150, u"Gyógyf.: ", shown(GYOGYFURD))
                  .text());
-    run.text(u"Beavatkozások: "_s + literalText(procedures)); // a comma stands behind the last one too
+    run.text(u"Beavatkozások: "_s + literalText(procedures)); // a comma follows the last one too
     run.blank();
 }
 
@@ -157,7 +157,7 @@ void BetForg_naplo_Nyom(ListRun& run) {
         tableRow(run, t, patient, procedures);
     });
     run.bold(u" "_s);
-    // Despite its wording the sheets of the whole list, all units together, once at the end; that is wanted.
+    // Deliberate: despite its wording the sheets of the whole list, all units together, once at the end.
     run.closing(u"Munkahely összesen:  "_s + QString::number(count));
 }
 

@@ -28,6 +28,10 @@ ListRequest individual(const QString& from, const QString& to, const QString& co
     return {.from = from, .to = to, .code = code};
 }
 
+QString fieldName(const char* name) {
+    return QString::fromLatin1(name);
+}
+
 } // namespace
 
 TEST(ListSelectionTest, TakesTheSheetsOfTheRequestInTheListsOrder) {
@@ -97,21 +101,21 @@ TEST(ListSelectionTest, ChecksComplainInTheirOrder) {
         StatisticsList list;
         ListRequest request;
         QString message; // empty: passes
-        ListField field;
+        QString field;
     };
     const Case cases[] = {
-        {trafficLog, days(noDay, noDay, {}, {}, {}), fromDate, ListField::from},
-        {trafficLog, days(day, noDay, {}, {}, {}), toDate, ListField::to},
-        {itemised, days(day, day, {}, u" "_s, {}), fromUnit, ListField::fromCode},
-        {itemised, days(day, day, {}, u"1"_s, u"  "_s), toUnit, ListField::toCode},
+        {trafficLog, days(noDay, noDay, {}, {}, {}), fromDate, fieldName(list_field::from)},
+        {trafficLog, days(day, noDay, {}, {}, {}), toDate, fieldName(list_field::to)},
+        {itemised, days(day, day, {}, u" "_s, {}), fromUnit, fieldName(list_field::fromCode)},
+        {itemised, days(day, day, {}, u"1"_s, u"  "_s), toUnit, fieldName(list_field::toCode)},
         {itemised, days(day, day, {}), {}, {}},
-        {referrers, months(noMonth, noMonth, {}, {}, {}), fromDate, ListField::from},
-        {procedures, months(month, {}, {}, {}, {}), toDate, ListField::to},
+        {referrers, months(noMonth, noMonth, {}, {}, {}), fromDate, fieldName(list_field::from)},
+        {procedures, months(month, {}, {}, {}, {}), toDate, fieldName(list_field::to)},
         {procedures, months(month, month, {}, {}, {}), {}, {}},
-        {costs, individual(noMonth, month, {}), fromDate, ListField::from},
-        {combined, individual(month, noMonth, {}), toDate, ListField::to},
-        {costs, individual(month, month, u" "_s), code, ListField::code},
-        {fees, individual(month, month, {}), code, ListField::code},
+        {costs, individual(noMonth, month, {}), fromDate, fieldName(list_field::from)},
+        {combined, individual(month, noMonth, {}), toDate, fieldName(list_field::to)},
+        {costs, individual(month, month, u" "_s), code, fieldName(list_field::code)},
+        {fees, individual(month, month, {}), code, fieldName(list_field::code)},
         {fees, individual(month, month, u"1"_s), {}, {}},
         {StatisticsList::unitPerformance, {}, {}, {}},
     };

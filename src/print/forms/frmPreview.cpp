@@ -226,7 +226,8 @@ void frmPreview::print() {
     Preview_Display(std::min(m_page, m_total));
 }
 
-// Runs a print job with everything closed; faults are told when the window stands again. True: it came out.
+// Runs a print job with everything closed; faults are told when the window can be used again. True: it came
+// out.
 bool frmPreview::work(const std::function<bool()>& job) {
     m_printing = true;
     QWidget* focused = focusWidget();

@@ -85,7 +85,7 @@ class frmPreview : public QDialog {
     QComboBox* m_zooms;
 };
 
-// Shows a document modally where the window stood last, and keeps its placement in the document.
+// Shows a document modally where the window was last, and keeps its placement in the document.
 void showPreview(qcPrinter& document, PreviewPorts& ports);
 // Makes the preview and the hourglass the engine's own.
 void installPreview(PrintEngine& engine, PreviewPorts ports);

@@ -101,7 +101,7 @@ QPointF PreviewArea::pageCorner() const {
     double top = -m_vertical->value() * preview::scrollUnit;
     // A page that just fits has no bar to reach its last lines by: it is seen whole.
     if (!m_scaling.verticalBar) top = std::min(0.0, (m_scaling.view.height - m_scaling.holder.height) / 2);
-    // Without a bar the page stands in the middle.
+    // Without a bar the page is in the middle.
     if (!m_scaling.horizontalBar) left = (m_scaling.view.width - m_scaling.holder.width) / 2;
     // On whole pixels of the screen, or a copied picture would blur.
     const double ratio = devicePixelRatioF();

@@ -27,7 +27,7 @@ class PreviewArea : public QWidget {
     void showPage(const PaperSize& paper);
     // A percentage, or one of the two other zooms. Both bars go back to their beginnings.
     void setZoom(float zoom);
-    // While frozen nothing is drawn anew: the page stands as it was last seen.
+    // While frozen nothing is drawn anew: the page stays as it was last seen.
     void setFrozen(bool frozen);
 
     const preview::Scaling& scaling() const { return m_scaling; }

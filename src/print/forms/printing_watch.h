@@ -14,7 +14,7 @@ class PrintingWatch : public QObject {
     Q_OBJECT
 
   public:
-    // Stands behind engine.pagePrinted as long as it lives. show is told the pages done and all of them, a
+    // Is engine.pagePrinted as long as it lives. show is told the pages done and all of them, a
     // few times a second. Input is swallowed from the first page on; before it a file name may be asked.
     PrintingWatch(PrintEngine& engine, Dialogue& dialogue, std::function<void(int, int)> show);
     ~PrintingWatch() override;
@@ -29,7 +29,7 @@ class PrintingWatch : public QObject {
     PrintEngine& m_engine;
     Dialogue& m_dialogue;
     std::function<void(int, int)> m_show;
-    std::function<bool(int, int)> m_before; // what stood behind the port
+    std::function<bool(int, int)> m_before; // the port as it was
     EventTurn m_turn;
     bool m_swallowing = false;
     bool m_stopWanted = false;

@@ -29,7 +29,7 @@ using AskSavePath = std::function<std::optional<SaveAnswer>(QWidget* parent, con
 std::optional<SaveAnswer> askSavePath(QWidget* parent, const SaveQuestion& question);
 
 // The same for a file that will be written at once: in the folder of last time (empty: the user's documents),
-// with the ending behind its name, and an existing file goes only when the dialogue says so. folder is that
+// with the ending after its name, and an existing file goes only when the dialogue says so. folder is that
 // of the answer afterwards.
 std::optional<SaveAnswer> askTarget(QWidget* parent, Dialogue& dialogue, const AskSavePath& ask,
                                     QString& folder, const SaveQuestion& question, const QString& ending);

@@ -42,15 +42,4 @@ ListRequest IndividualPanel::request() const {
     return result;
 }
 
-QWidget* IndividualPanel::field(ListField which) const {
-    switch (which) {
-    case ListField::from:
-        return m_from;
-    case ListField::to:
-        return m_to;
-    default:
-        return m_code;
-    }
-}
-
 } // namespace vandrel

@@ -12,7 +12,6 @@ class IndividualPanel : public ListPanel {
     IndividualPanel(Workstation& station, StatisticsList list, const MenuEntry& entry);
 
     ListRequest request() const override;
-    QWidget* field(ListField which) const override;
     QWidget* firstField() const override { return m_from; }
 
   private:

@@ -39,9 +39,9 @@ void ListPanel::linkChain() {
     m_due.clear();
 }
 
-void ListPanel::complain(const ListComplaint& complaint) {
-    m_station.dialogue.tell(complaint.message, complaint.title);
-    SelectAll(field(complaint.field));
+void ListPanel::complain(const CheckFailure& failure) {
+    tell(m_station.dialogue, failure);
+    if (auto* field = findChild<QWidget*>(failure.field)) SelectAll(field);
 }
 
 void ListPanel::addHeading(QGridLayout* grid, int row, const QString& text) {
@@ -61,9 +61,9 @@ QLabel* ListPanel::heading(const QString& text) {
 void ListPanel::addPeriod(QGridLayout* grid, int row, MaskedField::Mask mask, MaskedField*& from,
                           MaskedField*& to, const FieldBehaviour& toBehaviour) {
     addHeading(grid, row, list_texts::period);
-    const auto add = [&](int line, const QString& name, const QString& text, FieldBehaviour behaviour) {
+    const auto add = [&](int line, const char* name, const QString& text, FieldBehaviour behaviour) {
         auto* edit = new MaskedField(mask);
-        edit->setObjectName(name);
+        edit->setObjectName(QLatin1StringView(name));
         edit->setAccessibleName(u"Időszak "_s + text);
         setFieldWidth(edit);
         grid->addWidget(edit, line, input);
@@ -72,8 +72,8 @@ void ListPanel::addPeriod(QGridLayout* grid, int row, MaskedField::Mask mask, Ma
         chain(edit, behaviour);
         return edit;
     };
-    from = add(row + 1, u"IdoszakTol"_s, list_texts::from, {});
-    to = add(row + 2, u"IdoszakIg"_s, list_texts::to, toBehaviour);
+    from = add(row + 1, list_field::from, list_texts::from, {});
+    to = add(row + 2, list_field::to, list_texts::to, toBehaviour);
 }
 
 QString ListPanel::nameOf(CodeKind kind, const QString& code) const {

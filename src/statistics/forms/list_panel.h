@@ -29,11 +29,9 @@ class ListPanel : public QWidget {
   public:
     explicit ListPanel(Workstation& station);
 
-    // The fields as they stand.
+    // The texts of the fields.
     virtual ListRequest request() const = 0;
-    // The field that a failed check leads to.
-    virtual QWidget* field(ListField which) const = 0;
-    // Where the focus stands when the screen opens.
+    // Has the focus when the screen opens.
     virtual QWidget* firstField() const = 0;
 
     // What the focus leaves is checked; false when it stays where it is.
@@ -42,7 +40,7 @@ class ListPanel : public QWidget {
     void leave() { m_chain->blockChecks(true); }
     QPushButton* processButton() const { return m_process; }
     // Shows a box and gives the focus to its field.
-    void complain(const ListComplaint& complaint);
+    void complain(const CheckFailure& failure);
 
   Q_SIGNALS:
     void processWanted(); // "Feldolgozás"
@@ -51,7 +49,7 @@ class ListPanel : public QWidget {
     // What a code field holds: it decides the name that is shown beside it.
     enum class CodeKind { unit, referrer, category, patient };
 
-    // From and to of a period, with "- tól" and "- ig" behind the fields; added to the grid from this row on.
+    // From and to of a period, with "- tól" and "- ig" after the fields; added to the grid from this row on.
     void addPeriod(QGridLayout* grid, int row, MaskedField::Mask mask, MaskedField*& from, MaskedField*& to,
                    const FieldBehaviour& toBehaviour = {});
     struct CodeField {
@@ -75,7 +73,7 @@ class ListPanel : public QWidget {
 
     // The fields' order in the chain is that of these calls.
     void chain(QWidget* field, const FieldBehaviour& behaviour = {}) { m_due.emplace_back(field, behaviour); }
-    // Once, when all fields stand in the panel.
+    // Once, when all fields are in the panel.
     void linkChain();
 
   private:

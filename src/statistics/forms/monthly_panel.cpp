@@ -29,7 +29,7 @@ MonthlyPanel::MonthlyPanel(Workstation& station, StatisticsList list, const Menu
     m_category =
         addCode(grid, 9, {CodeKind::category, u"Terites"_s, u"Térítési kategória"_s, list_texts::code});
     grid->setRowMinimumHeight(10, 14);
-    // Stands here, but no list reads it: the lists print their lines whatever it says, and that is wanted.
+    // Deliberate: no list reads it, the lists print their lines whatever it says.
     m_totalsOnly = new QCheckBox(u"Csak összesen sorok?"_s);
     m_totalsOnly->setObjectName(u"CsakOsszesen"_s);
     m_totalsOnly->setAccessibleName(m_totalsOnly->text());
@@ -61,23 +61,6 @@ ListRequest MonthlyPanel::request() const {
     result.toCode = m_toCode->text();
     result.category = m_category->text();
     return result;
-}
-
-QWidget* MonthlyPanel::field(ListField which) const {
-    switch (which) {
-    case ListField::to:
-        return m_to;
-    case ListField::fromCode:
-    case ListField::code:
-        return m_fromCode;
-    case ListField::toCode:
-        return m_toCode;
-    case ListField::categories:
-        return m_category;
-    case ListField::from:
-        break;
-    }
-    return m_from;
 }
 
 QWidget* MonthlyPanel::firstField() const {

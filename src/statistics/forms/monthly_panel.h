@@ -12,7 +12,6 @@ class MonthlyPanel : public ListPanel {
     MonthlyPanel(Workstation& station, StatisticsList list, const MenuEntry& entry);
 
     ListRequest request() const override;
-    QWidget* field(ListField which) const override;
     QWidget* firstField() const override;
 
   private:

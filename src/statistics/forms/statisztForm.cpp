@@ -103,7 +103,7 @@ void statisztForm::showEvent(QShowEvent* event) {
     if (m_shown) return;
     m_shown = true;
     SelectAll(m_panel->firstField());
-    // This list asks for nothing: its preview comes at once, behind the screen's own first picture.
+    // This list asks for nothing: its preview comes at once, after the screen's own first picture.
     if (m_list == StatisticsList::unitPerformance)
         QMetaObject::invokeMethod(
             this,

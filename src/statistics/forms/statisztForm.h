@@ -1,5 +1,5 @@
 // "Statisztikák készítése": one screen for the eight lists. It shows the list's panel and the progress of a
-// run, and hands the finished document to the preview; how a list is made stands in statistics/list_runner.h.
+// run, and hands the finished document to the preview; how a list is made is in statistics/list_runner.h.
 #pragma once
 
 #include "foundation/forms/work_form.h"

@@ -61,7 +61,7 @@ QWidget* TrafficLogPanel::makeRange(const MenuEntry& entry) {
     leavesPeriod.leave = [this] { return periodLeft(); };
     addPeriod(grid, 0, MaskedField::Mask::date, m_from, m_to, leavesPeriod);
     grid->setRowMinimumHeight(3, 14);
-    // In the list of referrers the prompt speaks of them, but the fields hold units there too; wanted.
+    // Deliberate: in the list of referrers the prompt speaks of them, but the fields hold units there too.
     addHeading(grid, 4, textOr(entry.prompt, list_texts::units));
     addCodeRange(grid, 5, {}, CodeKind::unit, m_fromUnit, m_toUnit);
     grid->setRowStretch(7, 1);
@@ -120,23 +120,6 @@ ListRequest TrafficLogPanel::request() const {
     result.fromCode = m_fromUnit->text();
     result.toCode = m_toUnit->text();
     return result;
-}
-
-QWidget* TrafficLogPanel::field(ListField which) const {
-    switch (which) {
-    case ListField::from:
-        return m_from;
-    case ListField::to:
-        return m_to;
-    case ListField::fromCode:
-    case ListField::code:
-        return m_fromUnit;
-    case ListField::toCode:
-        return m_toUnit;
-    case ListField::categories:
-        break;
-    }
-    return m_boxes[0];
 }
 
 QWidget* TrafficLogPanel::firstField() const {

@@ -15,7 +15,6 @@ class TrafficLogPanel : public ListPanel {
     TrafficLogPanel(Workstation& station, const MenuEntry& entry);
 
     ListRequest request() const override;
-    QWidget* field(ListField which) const override;
     QWidget* firstField() const override;
 
   private:
