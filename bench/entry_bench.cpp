@@ -7,8 +7,10 @@
 #include "sheet/dictionary_list.h"
 #include "sheet/forms/tetad.h"
 #include "sheet/forms/tetad_kieg1.h"
+#include "sheet/new_sheet.h"
 #include "sheet/patient_register.h"
 #include "sheet/procedure_lines.h"
+#include "sheet/sheet_fields.h"
 #include "sheet/sheet_store.h"
 
 #include <QApplication>
@@ -206,7 +208,7 @@ void measureNewSheet(Table& table, Setting& setting, const QString& size, int ro
         const Stopwatch ourWatch;
         QString key;
         for (int i = 0; i < times; ++i)
-            key = makeNewSheet(setting.station).fields.Azonosito;
+            key = makeNewSheet(setting.station).Azonosito;
         const double program = ourWatch.seconds() / times;
         const Stopwatch floorWatch;
         long number = 0;
@@ -264,7 +266,7 @@ void measureDiagnosisSearch(Table& table, Setting& setting, int rounds) {
 }
 
 SheetFields sheetOf(Workstation& station, const QString& taj) {
-    SheetFields fields = makeNewSheet(station).fields;
+    SheetFields fields = makeNewSheet(station);
     fields.Szem_szam = taj;
     fields.Azon_tipus = u"1"_s;
     fields.Neve = u"Kovács Béla"_s;
@@ -297,7 +299,7 @@ void measureStore(Table& table, Setting& setting, const QString& size, int round
                 transactions = syncCounterDataFiles() - before;
                 writes = syncCounterAll() - allBefore;
                 require(result.outcome == StoreOutcome::storedAnother, "store");
-                const QByteArray key = makeNewSheet(setting.station).fields.Azonosito.toLatin1();
+                const QByteArray key = makeNewSheet(setting.station).Azonosito.toLatin1();
                 const Stopwatch floorWatch;
                 floorStore(setting.floor, key.constData());
                 seconds[1] += floorWatch.seconds();

@@ -1,6 +1,7 @@
 #include "sample_clinic.h"
 
 #include "foundation/data_files.h"
+#include "foundation/look_ups.h"
 
 #include <QDir>
 #include <QFile>

@@ -12,8 +12,8 @@
 #include "settings/forms/gepazonform.h"
 #include "settings/forms/intad.h"
 #include "settings/forms/kornyform.h"
+#include "sheet/counters.h"
 #include "sheet/forms/tetad.h"
-#include "sheet/sheet_fields.h"
 #include "statistics/forms/statisztForm.h"
 
 #include <QDir>

@@ -2,7 +2,6 @@
 // the prints. What a field accepts is told elsewhere: list and check differ on purpose in places.
 #include "foundation/code_lists.h"
 
-#include "foundation/look_ups.h"
 #include "platform/text_compare.h"
 
 #include <algorithm>
@@ -178,7 +177,7 @@ struct FeeText {
     const char16_t* text;
 };
 
-// 0E, 0K, 0M and 0S are missing on purpose.
+// Deliberate: 0E, 0K, 0M and 0S are missing.
 constexpr FeeText feeTexts[] = {
     {u"01", u"biztosított járóbeteg"},
     {u"02", u"menekült járóbeteg"},

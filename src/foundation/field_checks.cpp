@@ -1,7 +1,8 @@
 // The checks that run when a field of the sheet is left, as two tables: the group that runs while the general
 // enabling switch is on, and the group that runs while it is off (silent in normal work, and wanted so).
-#include "foundation/code_lists.h"
+#include "foundation/field_checks.h"
 
+#include "foundation/code_lists.h"
 #include "foundation/look_ups.h"
 #include "platform/format.h"
 #include "platform/text_compare.h"

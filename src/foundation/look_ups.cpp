@@ -48,10 +48,6 @@ std::optional<QString> doctorCode(Workstation& station, const QString& code) {
                   "select ORVKOD from ORVOSOK where ORVKOD=?1 order by rowid limit 1", code);
 }
 
-bool procedureExists(Workstation& station, const QString& code) {
-    return procedureCode(station, code).has_value();
-}
-
 std::optional<QString> Visszaad_Diagnos(Workstation& station, const QString& code) {
     return nameOf(station, DataFile::diagnos,
                   "select D_NEV from DIAGNOS where D_KOD=?1 order by rowid limit 1", code);

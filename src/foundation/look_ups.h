@@ -1,4 +1,5 @@
-// Code-to-name look-ups over the dictionaries. Codes are compared without regard to case; values are bound.
+// Code-to-name look-ups over the dictionaries. Codes are compared without regard to case and without blanks
+// around them; the first row in the table's order counts. Faults of the data files pass through.
 #pragma once
 
 #include "foundation/workstation.h"
@@ -21,16 +22,12 @@ std::optional<QString> procedureCode(Workstation& station, const QString& code);
 std::optional<QString> diagnosisCode(Workstation& station, const QString& code);
 std::optional<QString> unitCode(Workstation& station, const QString& code);
 std::optional<QString> doctorCode(Workstation& station, const QString& code);
-// True when BEAV has the code.
-bool procedureExists(Workstation& station, const QString& code);
 // Name of a diagnosis; nullopt when DIAGNOS does not have the code.
 std::optional<QString> Visszaad_Diagnos(Workstation& station, const QString& code);
 QString Visszaad_szakrend(Workstation& station, const QString& code);       // REND_NEV, empty when not found
 double Visszaad_szakrend_szorzo(Workstation& station, const QString& code); // SZORZO, 1.0 when not found
 QString Visszaad_bekuldo(Workstation& station, const QString& code);        // NEV, a blank when not found
 QString Visszaad_orvos(Workstation& station, const QString& code);          // NEV, empty when not found
-QString Visszaad_VizDijNev(const QString& code); // text of the visit-fee code's list entry
-QString Visszaad_VizDijFizModNev(const QString& code);
 // NEVE & " (" & Taj & ")"; empty when not found.
 QString patientCaption(Workstation& station, qint64 patientId);
 // Each line of the sheet as name(code), with "," between, in table order.
@@ -38,12 +35,9 @@ QString procedureSummary(Workstation& station, const QString& sheetKey);
 // First town whose postal code starts with the given text (empty text: empty); exact: of that very code.
 QString townByPrefix(Workstation& station, const QString& postalCode);
 QString townOf(Workstation& station, const QString& postalCode);
-// Short fee category text for prints; leaves text unchanged for a code it does not know (0E, 0K, 0M and 0S
-// have no text here, and that is wanted).
-void feeCategoryText(const QString& code, QString& text);
 // Week of a date, as the sick-pay week fields count it: the week that holds the first of January of today's
-// year is week 1, weeks begin on Monday. A date of another year gives a number outside 1..53 (0 and less
-// for earlier years), and that is wanted.
+// year is week 1, weeks begin on Monday.
+// Deliberate: a date of another year gives a number outside 1 to 53, 0 and less for earlier years.
 int weekOf(QDate date, QDate today);
 // The label that begins every sheet key given on this workstation; empty when there is none.
 QString workstationLabel(Workstation& station);

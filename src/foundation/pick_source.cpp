@@ -1,6 +1,6 @@
 // The lines of the pick-lists. A table's lines are fetched one by one over a snapshot of its row ids, so that
 // a register of any size opens at once and no read lock stands while the list is open.
-#include "foundation/code_lists.h"
+#include "foundation/pick_source.h"
 
 #include "foundation/prefix_search.h"
 #include "platform/text_compare.h"

@@ -1,5 +1,5 @@
 // The check of a TAJ: length, check digit, and the messages that belong to what is wrong.
-#include "foundation/code_lists.h"
+#include "foundation/taj_check.h"
 
 using namespace Qt::StringLiterals;
 

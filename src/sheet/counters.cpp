@@ -2,7 +2,6 @@
 
 #include "foundation/look_ups.h"
 #include "platform/format.h"
-#include "sheet/sheet_fields.h"
 
 #include <cmath>
 #include <limits>

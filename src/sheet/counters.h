@@ -1,5 +1,5 @@
-// The running numbers of the sheets: the key of the next one, and what a stored sheet moves. Internal to the
-// sheet's rules.
+// The running numbers of the sheets: the key of the next one, and what a stored sheet moves. But for the
+// repair at start, internal to the sheet's rules.
 #pragma once
 
 #include "foundation/workstation.h"
@@ -8,8 +8,8 @@
 
 namespace vandrel {
 
-// The running number behind the last key, seven digits: characters 4 to 10 of the last key plus 1. Faults:
-// overflow behind 9999999, typeMismatch when those characters are no number.
+// The running number after the last key, seven digits: characters 4 to 10 of the last key plus 1. Faults:
+// overflow after 9999999, typeMismatch when those characters are no number.
 QString nextRunningNumber(Workstation& station);
 
 // True when a sheet is stored under the key.
@@ -23,5 +23,9 @@ qint64 journalNumber(const QString& journal);
 // caller's transaction. A blank doctor leaves the one that is there.
 void advanceCounters(Workstation& station, const QString& key, const QString& unit, const QString& doctor,
                      qint64 journal);
+
+// A store that was broken off between writing the sheet and moving the counters (a power cut) leaves END_AZON
+// before its own last sheet: called once at start, moves the counters past it, so that no key is given twice.
+void repairCounters(Workstation& station);
 
 } // namespace vandrel

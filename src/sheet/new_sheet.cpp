@@ -1,12 +1,10 @@
 // What a new sheet starts with: the last unit and doctor, the unit's next journal number, the next key, and
 // the defaults of the fields. Writes nothing: a key is given again until a sheet is stored under it.
-#include "foundation/institution_data.h"
+#include "sheet/new_sheet.h"
+
 #include "foundation/look_ups.h"
 #include "platform/format.h"
 #include "sheet/counters.h"
-#include "sheet/sheet_fields.h"
-
-#include <QStringList>
 
 using namespace Qt::StringLiterals;
 
@@ -41,23 +39,8 @@ SheetFields defaults() {
 
 } // namespace
 
-InstitutionLines institutionLines(Workstation& station) {
-    InstitutionLines lines;
-    const std::optional<Institution> institution = readInstitution(station);
-    if (!institution) return lines;
-    lines.name = institution->Int_nev.trimmed();
-    const QString city = institution->City.trimmed();
-    const QString street = institution->cim.trimmed();
-    lines.address = institution->irsz.trimmed();
-    if (!city.isEmpty()) lines.address += (lines.address.isEmpty() ? QString() : u" - "_s) + city;
-    if (!street.isEmpty()) lines.address += (lines.address.isEmpty() ? QString() : u", "_s) + street;
-    return lines;
-}
-
-NewSheet makeNewSheet(Workstation& station) {
-    NewSheet sheet;
-    SheetFields& fields = sheet.fields;
-    fields = defaults();
+SheetFields makeNewSheet(Workstation& station) {
+    SheetFields fields = defaults();
     const QDateTime now = station.clock.now();
     fields.F_datum = format::shortDate(now.date());
     fields.F_ido = format::longTime(now.time()).left(5);
@@ -77,9 +60,7 @@ NewSheet makeNewSheet(Workstation& station) {
     const QString label = workstationLabel(station);
     if (label.isEmpty()) station.dialogue.tell(u"Üres a gépazonosító!"_s);
     fields.Azonosito = label + number;
-
-    sheet.institution = institutionLines(station);
-    return sheet;
+    return fields;
 }
 
 UnitDefaults unitDefaults(Workstation& station, const QString& unit) {
@@ -89,20 +70,6 @@ UnitDefaults unitDefaults(Workstation& station, const QString& unit) {
     result.found = row.next();
     if (result.found) result.Orvkod = shown(row.text(0));
     result.Naplo = result.found ? QString::number(row.integer(1) + 1) : u"1"_s;
-    return result;
-}
-
-std::array<UserField, 5> userFields(Workstation& station) {
-    std::array<UserField, 5> result;
-    Query row = station.files[DataFile::tetdata].query(
-        "select Felh1_nev, Felh2_nev, Felh3_nev, Felh4_nev, Felh5_nev, Felh1_hossz, Felh2_hossz, "
-        "Felh3_hossz, Felh4_hossz, Felh5_hossz from EGYEBPAR order by rowid limit 1");
-    if (!row.next()) return result;
-    for (int i = 0; i < 5; ++i) {
-        UserField& field = result[static_cast<std::size_t>(i)];
-        field.caption = shown(row.text(i));
-        field.length = static_cast<int>(row.integer(i + 5));
-    }
     return result;
 }
 

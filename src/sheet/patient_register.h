@@ -1,6 +1,7 @@
 // The patient register as the sheet uses it: found by the first digits of a TAJ, written at the store.
 #pragma once
 
+#include "foundation/workstation.h"
 #include "sheet/sheet_fields.h"
 
 #include <optional>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "foundation/checks.h"
+#include "foundation/workstation.h"
 #include "sheet/sheet_fields.h"
 
 #include <optional>

@@ -6,6 +6,7 @@
 #include "sheet/counters.h"
 #include "sheet/patient_register.h"
 #include "sheet/sheet_checks.h"
+#include "sheet/sheet_settings.h"
 
 #include <cmath>
 #include <limits>

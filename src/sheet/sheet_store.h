@@ -1,6 +1,7 @@
 // The store of a sheet: twenty checks in order, then the writing steps in order.
 #pragma once
 
+#include "foundation/workstation.h"
 #include "sheet/sheet_fields.h"
 
 namespace vandrel {

@@ -2,6 +2,7 @@
 // tell from the data files alone whether every sheet is whole.
 #pragma once
 
+#include "sheet/sheet_fields.h"
 #include "support/clinic.h"
 
 #include <random>

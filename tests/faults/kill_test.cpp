@@ -4,6 +4,7 @@
 #include "clerk.h"
 
 #include "foundation/start_checks.h"
+#include "sheet/counters.h"
 
 #include <QFile>
 

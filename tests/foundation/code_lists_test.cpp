@@ -2,7 +2,10 @@
 // and check differ, and what becomes of a field.
 #include "foundation/code_lists.h"
 
+#include "foundation/field_checks.h"
 #include "foundation/look_ups.h"
+#include "foundation/pick_source.h"
+#include "foundation/taj_check.h"
 #include "platform/format.h"
 #include "support/test_workstation.h"
 

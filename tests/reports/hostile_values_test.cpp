@@ -4,6 +4,7 @@
 #include "reports/record_table.h"
 #include "reports/sheet_rows.h"
 #include "sheet/patient_register.h"
+#include "sheet/sheet_fields.h"
 #include "support/clinic.h"
 
 using namespace Qt::StringLiterals;

@@ -2,6 +2,7 @@
 #include "sheet/dictionary_list.h"
 
 #include "foundation/code_lists.h"
+#include "foundation/pick_source.h"
 #include "support/test_workstation.h"
 
 using namespace Qt::StringLiterals;

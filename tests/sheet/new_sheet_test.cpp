@@ -1,5 +1,8 @@
 // Where a new sheet gets its key, unit, doctor and journal number from, and the mending of lost counters.
 #include "sheet/counters.h"
+#include "sheet/new_sheet.h"
+#include "sheet/sheet_fields.h"
+#include "sheet/sheet_settings.h"
 #include "support/sheet_samples.h"
 
 using namespace Qt::StringLiterals;
@@ -9,18 +12,18 @@ namespace vandrel::test {
 TEST(NewSheet, OfAnEmptyProgram) {
     TestWorkstation station;
     station.dialogue.expect(u"Üres a gépazonosító!"_s);
-    const NewSheet sheet = makeNewSheet(station.workstation);
-    EXPECT_EQ(sheet.fields.Azonosito, u"0000001"_s); // goes on without a prefix
-    EXPECT_EQ(sheet.fields.Szakrend, QString());
-    EXPECT_EQ(sheet.fields.Orvkod, QString());
-    EXPECT_EQ(sheet.fields.Naplo, u"1"_s);
-    EXPECT_EQ(sheet.fields.F_datum, u"2008.04.03."_s);
-    EXPECT_EQ(sheet.fields.F_ido, u"14:05"_s);
-    EXPECT_EQ(sheet.fields.Edatum, u"    .  .  ."_s);
-    EXPECT_EQ(sheet.fields.Enaplo, u"0"_s);
-    EXPECT_EQ(sheet.fields.Igenylo, QString());
-    EXPECT_EQ(sheet.fields.Gyogyfurd, u"0"_s);
-    EXPECT_FALSE(sheet.fields.correction);
+    const SheetFields sheet = makeNewSheet(station.workstation);
+    EXPECT_EQ(sheet.Azonosito, u"0000001"_s); // goes on without a prefix
+    EXPECT_EQ(sheet.Szakrend, QString());
+    EXPECT_EQ(sheet.Orvkod, QString());
+    EXPECT_EQ(sheet.Naplo, u"1"_s);
+    EXPECT_EQ(sheet.F_datum, u"2008.04.03."_s);
+    EXPECT_EQ(sheet.F_ido, u"14:05"_s);
+    EXPECT_EQ(sheet.Edatum, u"    .  .  ."_s);
+    EXPECT_EQ(sheet.Enaplo, u"0"_s);
+    EXPECT_EQ(sheet.Igenylo, QString());
+    EXPECT_EQ(sheet.Gyogyfurd, u"0"_s);
+    EXPECT_FALSE(sheet.correction);
     for (const UserField& field : userFields(station.workstation))
         EXPECT_FALSE(field.inUse());
 }
@@ -31,19 +34,19 @@ TEST(NewSheet, UnitDoctorAndJournal) {
     station.data().executeScript("insert into BETEG (AZONOSITO,SZAKREND,ORVKOD) values "
                                  "('ABC0000002','010000002','22222'), ('ABC0000001','010000001','11111');"
                                  "update AZONOSIT set END_AZON='ABC0000041';");
-    SheetFields fields = makeNewSheet(station.workstation).fields;
+    SheetFields fields = makeNewSheet(station.workstation);
     EXPECT_EQ(fields.Azonosito, u"ABC0000042"_s);
     EXPECT_EQ(fields.Szakrend, u"010000002"_s);
     EXPECT_EQ(fields.Orvkod, u"22222"_s); // a unit without a row keeps the last sheet's doctor
     EXPECT_EQ(fields.Naplo, u"1"_s);
 
     station.data().executeScript("insert into [DEFAULT] values ('010000002','33333',1299,0);");
-    fields = makeNewSheet(station.workstation).fields;
+    fields = makeNewSheet(station.workstation);
     EXPECT_EQ(fields.Orvkod, u"33333"_s);
     EXPECT_EQ(fields.Naplo, u"1300"_s);
 
     station.data().executeScript("update [DEFAULT] set ORVKOD=null, NAPLO=null;");
-    fields = makeNewSheet(station.workstation).fields;
+    fields = makeNewSheet(station.workstation);
     EXPECT_EQ(fields.Orvkod, QString()); // though the last sheet had one
     EXPECT_EQ(fields.Naplo, u"1"_s);
 
@@ -80,11 +83,11 @@ TEST(NewSheet, InstitutionAndUserFields) {
     station.data().executeScript(
         "insert into intezet (Int_nev,irsz,City,cim) values ('Rendelő','7621','Pécs','Fő tér 1.');"
         "update EGYEBPAR set Felh2_nev='Sorszám', Felh2_hossz='12';");
-    EXPECT_EQ(makeNewSheet(station.workstation).institution.address, u"7621 - Pécs, Fő tér 1."_s);
+    EXPECT_EQ(institutionLines(station.workstation).address, u"7621 - Pécs, Fő tér 1."_s);
     station.data().execute("update intezet set irsz=' '");
-    EXPECT_EQ(makeNewSheet(station.workstation).institution.address, u"Pécs, Fő tér 1."_s);
+    EXPECT_EQ(institutionLines(station.workstation).address, u"Pécs, Fő tér 1."_s);
     station.data().execute("update intezet set cim=null");
-    EXPECT_EQ(makeNewSheet(station.workstation).institution.address, u"Pécs"_s);
+    EXPECT_EQ(institutionLines(station.workstation).address, u"Pécs"_s);
     const auto users = userFields(station.workstation);
     EXPECT_FALSE(users[0].inUse());
     EXPECT_EQ(users[1].caption, u"Sorszám"_s);

@@ -2,6 +2,7 @@
 #include "sheet/sheet_checks.h"
 
 #include "platform/format.h"
+#include "sheet/sheet_fields.h"
 #include "support/sheet_samples.h"
 
 #include <algorithm>

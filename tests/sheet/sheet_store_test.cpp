@@ -2,6 +2,8 @@
 #include "sheet/sheet_store.h"
 
 #include "platform/format.h"
+#include "sheet/new_sheet.h"
+#include "sheet/sheet_fields.h"
 #include "support/sheet_samples.h"
 
 #include <sqlite3.h>
@@ -54,7 +56,7 @@ TEST_F(SheetStore, NewSheetOfANewPatient) {
     EXPECT_EQ(stored("END_AZON", "AZONOSIT"), u"ABC0000001"_s);
     EXPECT_EQ(stored("SZAKREND||'/'||ORVKOD||'/'||NAPLO||'/'||TN", "[DEFAULT]"), u"010000001/12345/1/0"_s);
 
-    const SheetFields next = makeNewSheet(station.workstation).fields;
+    const SheetFields next = makeNewSheet(station.workstation);
     EXPECT_EQ(next.Azonosito + next.Szakrend + next.Orvkod + next.Naplo, u"ABC0000002010000001123452"_s);
 }
 
@@ -92,7 +94,7 @@ TEST_F(SheetStore, CountersOfAKnownUnit) {
     EXPECT_EQ(stored("SZAKREND||'/'||ORVKOD||'/'||NAPLO||'/'||TN", "[DEFAULT]"),
               u"010000001/99999/1200/77"_s);
     EXPECT_EQ(station.count("[DEFAULT]"), 1);
-    EXPECT_EQ(makeNewSheet(station.workstation).fields.Naplo, u"1201"_s);
+    EXPECT_EQ(makeNewSheet(station.workstation).Naplo, u"1201"_s);
 }
 
 TEST_F(SheetStore, Correction) {
@@ -171,7 +173,7 @@ TEST_F(SheetStore, CountersThatCannotMove) {
     station.data().executeScript("drop trigger broken");
     EXPECT_EQ(faultOfStore(fields), fault::dataConversion);
     EXPECT_EQ(station.count("BETEG"), 1);
-    EXPECT_EQ(makeNewSheet(station.workstation).fields.Azonosito, u"ABC0000002"_s);
+    EXPECT_EQ(makeNewSheet(station.workstation).Azonosito, u"ABC0000002"_s);
 }
 
 // A box that stands must not hold the file: another program may want it meanwhile.

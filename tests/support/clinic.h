@@ -4,6 +4,7 @@
 #include "reports/report_run.h"
 #include "reports/write_back.h"
 #include "sheet/procedure_lines.h"
+#include "sheet/sheet_fields.h"
 #include "sheet/sheet_store.h"
 #include "support/report_data.h"
 #include "support/sheet_samples.h"

@@ -1,6 +1,7 @@
 // A sheet that passes every check, and a workstation with a label, for the tests of the sheet's rules.
 #pragma once
 
+#include "sheet/new_sheet.h"
 #include "sheet/sheet_fields.h"
 #include "support/test_workstation.h"
 
@@ -9,7 +10,7 @@ namespace vandrel::test {
 using namespace Qt::StringLiterals;
 
 inline SheetFields goodSheet(Workstation& station) {
-    SheetFields fields = makeNewSheet(station).fields;
+    SheetFields fields = makeNewSheet(station);
     fields.Szakrend = u"010000001"_s;
     fields.Orvkod = u"12345"_s;
     fields.Szem_szam = u"123456788"_s;

@@ -1,5 +1,6 @@
 // A list view over lines that are fetched as they come into sight: a register of any size opens at once.
 #include "foundation/forms/pick_list_frame.h"
+#include "foundation/pick_source.h"
 
 #include <QAbstractListModel>
 #include <QCheckBox>

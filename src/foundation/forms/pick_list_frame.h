@@ -4,6 +4,7 @@
 
 #include "foundation/code_lists.h"
 #include "foundation/forms/overlay_frame.h"
+#include "foundation/workstation.h"
 
 #include <memory>
 

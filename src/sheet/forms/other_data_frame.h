@@ -3,7 +3,8 @@
 #pragma once
 
 #include "foundation/forms/overlay_frame.h"
-#include "sheet/sheet_fields.h"
+#include "foundation/workstation.h"
+#include "sheet/sheet_settings.h"
 
 #include <array>
 #include <functional>

@@ -2,6 +2,7 @@
 #include "sheet/forms/patient_frame.h"
 
 #include "foundation/look_ups.h"
+#include "foundation/taj_check.h"
 #include "platform/format.h"
 #include "sheet/forms/sheet_desk.h"
 #include "sheet/patient_register.h"

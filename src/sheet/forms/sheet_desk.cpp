@@ -1,6 +1,8 @@
 // The inputs of the sheet's screen and what they have in common.
 #include "sheet/forms/sheet_desk.h"
 
+#include "foundation/code_lists.h"
+#include "foundation/field_checks.h"
 #include "foundation/forms/elided_label.h"
 #include "foundation/forms/masked_field.h"
 

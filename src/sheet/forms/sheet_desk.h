@@ -3,7 +3,9 @@
 // layout.
 #pragma once
 
+#include "foundation/code_lists.h"
 #include "foundation/forms/field_chain.h"
+#include "foundation/workstation.h"
 #include "sheet/forms/sheet_field_table.h"
 #include "sheet/sheet_fields.h"
 

@@ -1,6 +1,7 @@
 // Layout, keys and flow of the sheet's screen.
 #include "sheet/forms/tetad.h"
 
+#include "foundation/code_lists.h"
 #include "foundation/forms/month_picker.h"
 #include "foundation/forms/pick_list_frame.h"
 #include "platform/format.h"
@@ -10,6 +11,8 @@
 #include "sheet/forms/procedures_frame.h"
 #include "sheet/forms/sheet_desk.h"
 #include "sheet/forms/tetad_kieg1.h"
+#include "sheet/new_sheet.h"
+#include "sheet/sheet_settings.h"
 #include "sheet/sheet_store.h"
 
 #include <QApplication>
@@ -235,8 +238,8 @@ bool tetad::eventFilter(QObject* watched, QEvent* event) {
 void tetad::Uj() {
     m_desk->chain.blockChecks(true);
     const bool made = m_desk->guarded([this] {
-        const NewSheet sheet = makeNewSheet(station());
-        setFields(sheet.fields);
+        const SheetFields sheet = makeNewSheet(station());
+        setFields(sheet);
     });
     if (!made) {
         close(); // also when it was never shown: whoever made it gets it back, and the opener is free

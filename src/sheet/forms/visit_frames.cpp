@@ -3,6 +3,7 @@
 
 #include "foundation/look_ups.h"
 #include "sheet/forms/sheet_desk.h"
+#include "sheet/new_sheet.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

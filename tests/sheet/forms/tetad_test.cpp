@@ -1,6 +1,7 @@
 // A sheet is typed as a clerk types it: keys only, from the unit field to the store, and found in the tables.
 #include "platform/format.h"
 #include "sheet/forms/tetad_kieg1.h"
+#include "sheet/sheet_fields.h"
 #include "support/sheet_screen.h"
 
 using namespace Qt::StringLiterals;
