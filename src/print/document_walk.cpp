@@ -27,9 +27,12 @@ bool DocumentWalk::run(int startPage, int endPage) {
 }
 
 void DocumentWalk::findPageStarts() {
-    m_total = m_endPage = m_document.m_pages;
-    m_startPage = m_endPage + 1;
-    walk();
+    for (;; ++m_document.m_pages) {
+        m_total = m_endPage = m_document.m_pages;
+        m_startPage = m_endPage + 1;
+        walk();
+        if (m_complete) return;
+    }
 }
 
 // What is known of the page starts holds as long as nothing that could move a line was written.
@@ -54,7 +57,8 @@ bool DocumentWalk::walk() {
     if (m_page > m_endPage) return true;
     const qcPrinter::PageStart first = starts.pages[static_cast<std::size_t>(m_page - 1)];
     beginPage(first);
-    if (!drawFlow(first)) return m_goOn;
+    m_complete = drawFlow(first);
+    if (!m_complete) return m_goOn;
     // The pages left over carry absolute items, header and footer only.
     while (turnPage({starts.items, 0, false})) {
     }
@@ -170,7 +174,11 @@ int DocumentWalk::DrawItem(const qcTextItem& item, int resumePos, const Frame& f
         if (resumePos > 0) scan.resumeAt(static_cast<std::size_t>(resumePos - 1));
         Segment segment;
         while (scan.next(segment)) {
-            if (overflows(segment.height, frame) && !turned) return static_cast<int>(segment.start) + 1;
+            // What measuring gave no line has no height that could be missing.
+            const bool counted =
+                item.m_openLine < 0 || segment.start < static_cast<std::size_t>(item.m_openLine);
+            if (counted && overflows(segment.height, frame) && !turned)
+                return static_cast<int>(segment.start) + 1;
             if (drawing) drawSegment(item, segment, frame);
             if (segment.end == Segment::End::forced) continue; // the line goes on, also a turned one
             turned = false;

@@ -16,7 +16,9 @@ class DocumentWalk {
 
     // False when pageEnded has ended it.
     bool run(int startPage, int endPage);
-    // Walks the whole document without drawing, so that no page has to be looked for later.
+    // Walks the whole document without drawing, so that no page has to be looked for later. Drawing may break
+    // a line where measuring did not: what pagination has no page for gets further pages, so that no text is
+    // left undrawn.
     void findPageStarts();
 
   private:
@@ -52,8 +54,9 @@ class DocumentWalk {
     int m_endPage = 1;
     int m_total = 1;
     bool m_drawing = false;
-    bool m_goOn = true; // pageEnded has not ended it
-    double m_y = 0;     // the target's current y
+    bool m_goOn = true;      // pageEnded has not ended it
+    bool m_complete = false; // the last walk came to the end of the items
+    double m_y = 0;          // the target's current y
     std::vector<char16_t> m_text;
     std::vector<double> m_xs;
 };

@@ -254,6 +254,7 @@ void qcTextItem::measure(std::u16string_view text) {
     if (!(fullWidth > 0)) {
         // Deliberate: LineCount, Width and Height keep their earlier values; the lines are gone.
         m_drawsAsMeasured = false;
+        m_openLine = -1;
         return;
     }
 
@@ -263,6 +264,7 @@ void qcTextItem::measure(std::u16string_view text) {
     double width = m_width; // Deliberate: never reset, it only rises here
     std::vector<Line> lines;
     m_lineCount = 0;
+    m_openLine = -1;
     bool lineOpen = false; // a forced end leaves the line open for what follows
     Line line;
     Segment segment;
@@ -292,7 +294,8 @@ void qcTextItem::measure(std::u16string_view text) {
     } else if (m_lineCount == 1) {
         m_line.height += outline;
     }
-    // A text that ends in a forced end has drawn what it has not counted.
+    // Deliberate: a text that ends in a forced end has a last line without any height.
+    if (lineOpen) m_openLine = line.start;
     m_drawsAsMeasured = scan.drawsAlike() && !lineOpen;
 }
 

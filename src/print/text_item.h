@@ -180,6 +180,7 @@ class qcTextItem {
     int m_startPage = 0;
     int m_endPage = 0;
     int m_lineCount = 0;
+    int m_openLine = -1;            // where a last line begins that got no height; -1: there is none
     unsigned m_measured = 0;        // the engine's geometry it was measured for; 0: not since the last change
     bool m_drawsAsMeasured = false; // drawing breaks the lines where measuring did
 };

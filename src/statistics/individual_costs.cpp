@@ -18,16 +18,17 @@ constexpr int diagnoses = 5;
 enum Column { AZONOSITO, SZAKREND, F_DATUM, PaciensId, DIAG1 };
 constexpr const char* columns = "AZONOSITO, SZAKREND, F_DATUM, PaciensId, DIAG1, DIAG2, DIAG3, DIAG4, DIAG5";
 
-// A caption and its value. Deliberate: the first end tag has nothing to end.
+// A caption and its value. Deliberate: the first end tag has nothing to end. The last one closes the line,
+// also where there is no value.
 QString caption(const QString& name, const QString& value) {
-    return u"  "_s + name + u"</LINDENT><LINDENT=50>"_s + value;
+    return u"  "_s + name + u"</LINDENT><LINDENT=50>"_s + value + u"</LINDENT>"_s;
 }
 
 void institution(ListRun& run) {
     const Institution stored = readInstitution(run.station).value_or(Institution());
     run.text(u"INTÉZMÉNYI ADATOK:"_s);
     run.text(caption(u"neve:"_s, literalText(stored.Int_nev)));
-    run.text(caption(u"kódja:"_s, u" </LINDENT>"_s)); // Deliberate: no code is printed
+    run.text(caption(u"kódja:"_s, u" "_s)); // Deliberate: no code is printed
     run.text(caption(u"bankszámlaszáma:"_s, literalText(stored.Bankszamla)));
     run.text(caption(u"adóigazgatási azonosító száma:"_s, literalText(stored.Adoig_szam)));
     run.rule(bodySize, ruleLength);

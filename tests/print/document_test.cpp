@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace Qt::StringLiterals;
 
 namespace vandrel::test {
@@ -260,7 +262,7 @@ TEST_F(DocumentTest, HeadersOfTurnedPagesCountOnlyForTheLastItem) {
     addLines(20);
     addLines(1); // the last one: page 2's header is looked at
     EXPECT_EQ(document.Pages(), 3);
-    EXPECT_EQ(document.TextItem().Item(1).EndPage(), 2); // taken for as high as page 1, and that is wanted
+    EXPECT_EQ(document.TextItem().Item(1).EndPage(), 2); // Deliberate: taken for as high as page 1
     EXPECT_EQ(document.TextItem().Item(1).PositionEnd(), 10 * 240);
     EXPECT_EQ(document.TextItem().Item(2).StartPage(), 3);
     EXPECT_EQ(page(2).size(), 5 + 5);
@@ -275,8 +277,11 @@ TEST_F(DocumentTest, HeadersOfTurnedPagesCountOnlyForTheLastItem) {
     document.ResetItems();
     document.Footer(1).setText("a\nb\nc");
     addLines(8);
-    EXPECT_EQ(document.Pages(), 1); // higher than what the footer leaves: paginated without it
+    // Higher than what the footer leaves: paginated without it, and the footer gets a page of its own.
+    EXPECT_EQ(document.Pages(), 2);
     EXPECT_EQ(document.TextItem().Item(1).PositionEnd(), 8 * 240);
+    EXPECT_EQ(page(1).size(), 8);
+    EXPECT_EQ(page(2).size(), 3);
 }
 
 TEST_F(DocumentTest, DrawsSegmentsWhereTheyBelong) {
@@ -398,6 +403,43 @@ TEST_F(DocumentTest, HostileGeometry) {
     EXPECT_EQ(document.Pages(), pages);
     document.setMarginTop(9000); // and higher than it: a line a page, none is lost
     EXPECT_EQ(letters(), whole);
+}
+
+// Captions, tab stops and values, many of them empty: a text that ends in a tag which opens something has a
+// last line without a height, and a closed indent counts later in drawing than in measuring.
+TEST_F(DocumentTest, EveryLetterOfRowsWithEmptyValuesIsOnPaper) {
+    std::mt19937 dice(7);
+    const auto once = [&](unsigned in) { return dice() % in == 0; };
+    for (int trial = 0; trial < 300; ++trial) {
+        document.ResetItems();
+        QString letters;
+        const int rows = 1 + static_cast<int>(dice() % 40);
+        char16_t letter = u'a';
+        for (int row = 0; row < rows; ++row) {
+            QString text;
+            const int columns = 1 + static_cast<int>(dice() % 3);
+            for (int column = 0; column < columns; ++column) {
+                const QString value(once(2) ? 0 : 1 + static_cast<int>(dice() % (once(4) ? 14 : 4)), letter);
+                letter = letter == u'z' ? u'a' : static_cast<char16_t>(letter + 1);
+                letters += value;
+                if (column > 0 || once(3)) text += once(3) ? "</LINDENT><LINDENT=500>" : "<LINDENT=300>";
+                text += value;
+                if (once(3)) text += "</LINDENT>";
+                if (once(9)) text += "\n";
+            }
+            add(text + (once(4) ? QString::fromLatin1(once(2) ? "<FORCE>" : "<RINDENT=100>") : QString()));
+        }
+        QString drawn = texts().join(QString());
+        ASSERT_EQ(drawn.remove(u' '), letters) << "trial " << trial;
+    }
+    // A line without a height turns no page.
+    document.ResetItems();
+    addLines(9);
+    add("<LINDENT=100>");
+    add("b<LINDENT=100>");
+    add("c");
+    EXPECT_EQ(document.Pages(), 1);
+    EXPECT_EQ(page(1).sliced(9), (QStringList{"1440,3600 b", "1440,3600 c"}));
 }
 
 TEST_F(DocumentTest, LiteralTextPrintsAsItStands) {

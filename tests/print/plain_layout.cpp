@@ -225,8 +225,12 @@ void Document::getSize(Item& item, const QString& text) const {
     item.lineHeights.clear();
     double total = item.absolute ? 0 : item.top;
     Scan scan{item, text, meter, paper, baseState(item), full, full};
+    item.openFrom = -1;
     while (scan.find())
-        if (!scan.forced) {
+        if (scan.forced) {
+            if (item.openFrom < 0) item.openFrom = scan.start;
+        } else {
+            item.openFrom = -1;
             item.lineHeights.push_back(scan.height + item.lineSpacing);
             total += item.lineHeights.back();
             item.width = std::max(item.width, scan.width);
@@ -319,7 +323,15 @@ int Document::paginate() {
         item.positionEnd = y;
         if (item.newPage & 2) breakPage();
     }
+    // Nothing of a text may be missing: as many pages as drawing it takes.
+    class Nowhere : public PageTarget {
+        void text(const TextRun&) override {}
+        void rule(double, double, double, double, long) override {}
+        void box(double, double, double, double, long, double, long) override {}
+    } nowhere;
     m_pages = std::max(page, highestAbsPage);
+    while (!walk(nowhere, m_pages + 1, m_pages))
+        ++m_pages;
     return m_pages;
 }
 
@@ -349,7 +361,8 @@ int Document::drawItem(const Item& item, const QString& text, PageTarget& target
     while (right > left) {
         scan.avail = right - left - lineLeft - lineRight;
         if (!scan.find()) break;
-        if (mustFit && m_y + scan.height > bottom + 0.001) return static_cast<int>(scan.start) + 1;
+        const bool open = item.openFrom >= 0 && scan.start >= item.openFrom;
+        if (mustFit && !open && m_y + scan.height > bottom + 0.001) return static_cast<int>(scan.start) + 1;
         mustFit = mustFit || !scan.forced; // the first line of a new page is drawn in any case
         const double excess = scan.avail - scan.width;
         const long alignment = scan.endState.alignment;
@@ -427,7 +440,7 @@ void Document::drawFoot(PageTarget& target, int page) {
                  right(*m_footItem), bottom - m_footItem->height, bottom, true);
 }
 
-void Document::walk(PageTarget& target, int startPage, int endPage) {
+bool Document::walk(PageTarget& target, int startPage, int endPage) {
     int page = 1;
     bool drawing = false;
     double y = 0;
@@ -446,20 +459,21 @@ void Document::walk(PageTarget& target, int startPage, int endPage) {
     begin();
     for (const Item& item : items) {
         if (item.absolute) continue;
-        if (item.newPage & 1 && !nextPage()) return;
+        if (item.newPage & 1 && !nextPage()) return false;
         int resume = 0;
         do {
-            if (resume > 0 && !nextPage()) return;
+            if (resume > 0 && !nextPage()) return false;
             const double bottom =
                 y + item.height <= bodyHeight() ? y + item.height : paper.height - marginBottom - m_footer;
             m_y = y;
             resume = drawItem(item, item.text, target, resume, left(item), right(item), y, bottom, drawing);
             y = m_y;
         } while (resume > 0);
-        if (item.newPage & 2 && !nextPage()) return;
+        if (item.newPage & 2 && !nextPage()) return false;
     }
     while (nextPage())
         ;
+    return true;
 }
 
 } // namespace vandrel::test::plain

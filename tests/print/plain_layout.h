@@ -30,6 +30,7 @@ struct Item {
 
     // Results.
     int lineCount = 0;
+    qsizetype openFrom = -1; // where a last line begins that got no height; -1: there is none
     std::vector<double> lineHeights; // from 0
     double width = 0, height = 0;
     int startPage = 0, endPage = 0;
@@ -49,7 +50,8 @@ class Document {
 
     int paginate();
     int pages() const { return m_pages; }
-    void walk(PageTarget& target, int startPage, int endPage); // after paginate()
+    // After paginate(). False: items were left when the last page was full.
+    bool walk(PageTarget& target, int startPage, int endPage);
 
   private:
     void getSize(Item& item, const QString& text) const;

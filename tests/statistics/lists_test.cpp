@@ -6,6 +6,7 @@
 #include "support/statistics_data.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -288,6 +289,35 @@ TEST_F(ListsTest, ATextTooWideForItsColumnIsSetSmallerAndNotCut) {
         for (const qcTextItem& item : page.TextItem())
             fitted += item.Text().contains(u">123456788/1: TAJ szám</SIZE>"_s);
         EXPECT_GT(fitted, 0) << static_cast<int>(log);
+    }
+}
+
+// With nothing in any column that may be empty, from one page's fill to the next.
+TEST_F(ListsTest, EveryLetterOfAListWithEmptyValuesIsOnPaper) {
+    clinic.data().executeScript(
+        "update intezet set Int_nev='', City='', Bankszamla='', Adoig_szam='';"
+        "update Paciensek set Neve='', Irszam=null, City='', Cim='', Nem='', Szul_Dat=null;"
+        "update BETEG set PaciensId=99 where AZONOSITO='A010000002';"
+        "update BETEG set DIAG1='', DIAG2='', F_IDO=null, NAPLO=null, ORVKOD='', ELL_TIP='', LABOR='';");
+    FixedMeter wide;
+    PrintEngine paper{wide, stand.printers, stand.clock};
+    qcPrinter page(paper);
+    static const QRegularExpression blanks(u"\\s"_s), tags(u"<[^>]*>"_s);
+    for (int number = 1; number <= 8; ++number) {
+        const auto list = static_cast<StatisticsList>(number);
+        ASSERT_EQ(runList(clinic.workstation, list, clinicRequest(list), page, {}), ListOutcome::ready);
+        page.setSetFooter(2, false);
+        page.setSetFooter(3, false);
+        for (const float margin : {10.0F, 60.0F, 110.0F, 160.0F, 210.0F, 240.0F}) {
+            page.setMarginBottom(margin);
+            QString letters, drawn;
+            for (const qcTextItem& item : page.TextItem())
+                letters += item.Text().remove(tags).remove(blanks);
+            RecordingPage recording;
+            page.WalkDocument(recording, 1, page.Pages());
+            drawn = recording.allText().remove(blanks);
+            EXPECT_EQ(drawn, letters) << number << " " << margin;
+        }
     }
 }
 
