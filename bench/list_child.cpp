@@ -329,6 +329,7 @@ class FailingDialogue : public Dialogue {
 class NoPacker : public Packer {
   public:
     void start(const QString&, const QString&, const QString&) override { fail("nothing is packed"); }
+    bool endsWithin(int) override { return true; }
     bool waitForFinished() override { return true; }
 };
 

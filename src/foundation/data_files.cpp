@@ -61,6 +61,25 @@ std::string createTable(const catalogue::Table& table) {
     return sql;
 }
 
+// The first table or column of the catalogue that the file has not, as a message; empty when all are there.
+QString missingParts(Database& database, DataFile file) {
+    const QString name = catalogue::fileName(file);
+    for (const catalogue::Table& table : catalogue::file(file).tables) {
+        const QString tableName = latin(table.name);
+        if (!database.hasTable(tableName))
+            return u"A(z) %1 állományban nem található a(z) %2 tábla!"_s.arg(name, tableName);
+        Query columns = database.query("select name from pragma_table_info(?1)", tableName);
+        QStringList present;
+        while (columns.next())
+            present << columns.text(0);
+        for (const catalogue::Column& column : table.columns)
+            if (!present.contains(latin(column.name), Qt::CaseInsensitive))
+                return u"A(z) %1 állomány %2 táblájában nem található a(z) %3 mező!"_s.arg(
+                    name, tableName, latin(column.name));
+    }
+    return {};
+}
+
 struct SetupKey {
     const char* section;
     const char* key;
@@ -111,25 +130,29 @@ QString DataFiles::examine(DataFile file) {
     const QString name = catalogue::fileName(file);
     try {
         Database& database = (*this)[file];
-        for (const catalogue::Table& table : catalogue::file(file).tables) {
-            const QString tableName = latin(table.name);
-            if (!database.hasTable(tableName))
-                return u"A(z) %1 állományban nem található a(z) %2 tábla!"_s.arg(name, tableName);
-            Query columns = database.query("select name from pragma_table_info(?1)", tableName);
-            QStringList present;
-            while (columns.next())
-                present << columns.text(0);
-            for (const catalogue::Column& column : table.columns)
-                if (!present.contains(latin(column.name), Qt::CaseInsensitive))
-                    return u"A(z) %1 állomány %2 táblájában nem található a(z) %3 mező!"_s.arg(
-                        name, tableName, latin(column.name));
-        }
+        const QString missing = missingParts(database, file);
+        if (!missing.isEmpty()) return missing;
         if (QFileInfo(database.path()).size() <= readThroughLimit && database.quickCheck() != "ok"_L1)
             return u"A(z) %1 állomány sérült!"_s.arg(name);
     } catch (const Fault& fault) {
         return fault.text();
     }
     return {};
+}
+
+void DataFiles::renewScratch() {
+    constexpr DataFile file = DataFile::tetseged;
+    try {
+        Database& scratch = (*this)[file];
+        if (missingParts(scratch, file).isEmpty() && scratch.quickCheck() == "ok"_L1) return;
+    } catch (const Fault& fault) {
+        if (fault.number() != fault::dataFileMissing && fault.number() != fault::dataFileDamaged) throw;
+    }
+    close(file);
+    // Its rows are of no use to anybody, so nothing is lost; a left journal would undo the new file.
+    for (const QString& old : {path(file), path(file) + u"-journal"_s})
+        QFile::remove(old);
+    createDataFile(path(file), file);
 }
 
 void createDataFile(const QString& path, DataFile file) {

@@ -25,6 +25,11 @@ class DataFiles {
     void close(DataFile file) { m_open[static_cast<std::size_t>(file)].reset(); }
     void closeAll();
 
+    // Looks whether tetseged.mdb is whole and has all its tables: a file that is missing, damaged or of
+    // another layout is replaced by a new one without rows. No statement on it may be open. Faults of a file
+    // that cannot be replaced or that another program holds.
+    void renewScratch();
+
     // What is wrong with a file, in Hungarian, naming it; empty when it is there with all its tables and
     // columns. Files up to a few megabytes are also read through for damage.
     QString examine(DataFile file);

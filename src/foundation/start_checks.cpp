@@ -9,8 +9,7 @@ namespace vandrel {
 
 namespace {
 
-constexpr std::array neededFiles = {DataFile::tetdata, DataFile::tetmod, DataFile::beav, DataFile::diagnos,
-                                    DataFile::tetseged};
+constexpr std::array neededFiles = {DataFile::tetdata, DataFile::tetmod, DataFile::beav, DataFile::diagnos};
 
 // Whether the log of checks has the field TAJ; nullopt when the table cannot be opened.
 std::optional<bool> logHasTaj(Workstation& station) {
@@ -35,6 +34,11 @@ bool hasRecord(Database& database, std::string_view sql) {
 } // namespace
 
 bool examineDataFiles(Workstation& station) {
+    try {
+        station.files.renewScratch();
+    } catch (const Fault&) {
+        // Keeps nobody from the work: a report or list tries again and tells of it.
+    }
     bool canRun = true;
     for (const DataFile file : neededFiles) {
         const QString wrong = station.files.examine(file);

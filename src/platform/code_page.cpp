@@ -77,19 +77,31 @@ QString toUnicode(const QByteArray& bytes) {
     return result;
 }
 
-bool appendUtf8(std::string& target, std::string_view utf8) {
-    bool ascii = true;
+namespace {
+
+bool append(std::string& target, std::string_view utf8, bool linePart) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    bool plain = true;
     for (const char c : utf8)
-        ascii = ascii && static_cast<unsigned char>(c) < 128;
-    if (ascii) {
+        plain = plain && static_cast<unsigned char>(c) >= 32 && static_cast<unsigned char>(c) < 128;
+    if (plain) {
         target.append(utf8);
         return true;
     }
     const Table& page = table();
     bool whole = true;
     const QString text = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    if (utf8.starts_with(byteOrderMark)) { // the conversion above drops it without a word
+        whole = false;
+        target.push_back('?');
+    }
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i].unicode();
+        if (linePart && (unit == 0 || unit == '\r' || unit == '\n')) {
+            whole = false;
+            target.push_back('?');
+            continue;
+        }
         if (unit < 128) {
             target.push_back(static_cast<char>(unit));
             continue;
@@ -100,6 +112,16 @@ bool appendUtf8(std::string& target, std::string_view utf8) {
         target.push_back(found != page.bytes.end() ? found->second : '?');
     }
     return whole;
+}
+
+} // namespace
+
+bool appendUtf8(std::string& target, std::string_view utf8) {
+    return append(target, utf8, false);
+}
+
+bool appendLinePart(std::string& target, std::string_view utf8) {
+    return append(target, utf8, true);
 }
 
 std::size_t characters(std::string_view utf8) {
@@ -140,8 +162,11 @@ void CodePageFile::open(const QString& path) {
 }
 
 void CodePageFile::writeLine(QStringView text) {
-    const QByteArray bytes = code_page::fromUnicode(text) + "\r\n";
-    writeBytes({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    const QByteArray utf8 = text.toUtf8();
+    std::string bytes;
+    code_page::appendLinePart(bytes, {utf8.constData(), static_cast<std::size_t>(utf8.size())});
+    bytes += "\r\n";
+    writeBytes(bytes);
 }
 
 void CodePageFile::writeBytes(std::string_view bytes) {

@@ -18,9 +18,11 @@ namespace code_page {
 // A character outside the page becomes '?'.
 QByteArray fromUnicode(QStringView text);
 QString toUnicode(const QByteArray& bytes);
-// Appends UTF-8 text as windows-1250 bytes. False when a character is outside the page (then a '?' stands
-// there).
+// Appends UTF-8 text as windows-1250 bytes. False when it holds what is no character of the page: a letter
+// outside it, U+FEFF, broken UTF-8; each is a '?' then.
 bool appendUtf8(std::string& target, std::string_view utf8);
+// The same for a part of a line, where a line end and NUL are no characters either.
+bool appendLinePart(std::string& target, std::string_view utf8);
 // Number of characters (not bytes) of a UTF-8 text, as the single-byte code page will count them.
 std::size_t characters(std::string_view utf8);
 // Fault fileNotFound when this machine has no windows-1250 converter; called once at start.
@@ -40,7 +42,7 @@ class CodePageFile {
     // Faults: pathNotFound, pathAccess, diskFull, permissionDenied, diskNotReady.
     void open(const QString& path);
     bool isOpen() const { return m_file != nullptr; }
-    // Text and a line end; a character outside the code page becomes '?'.
+    // Text and a line end; what is no character of a line becomes '?', as appendLinePart says.
     void writeLine(QStringView text);
     // Bytes already in the code page, line end included. Faults of writing and closing: diskFull,
     // diskNotReady, deviceError; none that a caller would answer by trying again.

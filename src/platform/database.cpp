@@ -106,7 +106,9 @@ bool Query::isText(int column) const {
 
 QString Query::text(int column) const {
     const std::string_view utf8 = bytes(column);
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    const QString result = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    // The conversion drops a byte order mark at the head; what is stored must not change on its way.
+    return utf8.starts_with("\xEF\xBB\xBF") ? QChar(QChar::ByteOrderMark) + result : result;
 }
 
 std::optional<QString> Query::optionalText(int column) const {
@@ -172,8 +174,9 @@ void Database::configure() {
     sqlite3_extended_result_codes(m_handle, 1);
     // Before the first reading: a file that a sibling tool holds for a moment is waited for at once.
     sqlite3_busy_timeout(m_handle, busyMilliseconds);
-    // A closed data file is one file, and a store that was confirmed survives a power cut.
-    executeScript("pragma journal_mode=delete; pragma synchronous=full; pragma foreign_keys=off;");
+    // A closed data file is one file, and a store that was confirmed survives a power cut: "extra" syncs the
+    // folder after the journal's removal too, or the journal could come back and undo the store.
+    executeScript("pragma journal_mode=delete; pragma synchronous=extra; pragma foreign_keys=off;");
 }
 
 Database::Database(Database&& other) noexcept
@@ -239,6 +242,11 @@ bool Database::hasTable(const QString& table) {
 
 QString Database::quickCheck() {
     Query check = query("pragma quick_check(1)");
+    return check.next() ? check.text(0) : u"ok"_s;
+}
+
+QString Database::integrityCheck() {
+    Query check = query("pragma integrity_check(1)");
     return check.next() ? check.text(0) : u"ok"_s;
 }
 

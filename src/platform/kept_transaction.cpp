@@ -3,7 +3,7 @@
 namespace vandrel {
 
 KeptTransaction::KeptTransaction(Database& database) : m_database(database) {
-    begin();
+    m_database.execute("begin immediate");
 }
 
 KeptTransaction::~KeptTransaction() {
@@ -11,24 +11,23 @@ KeptTransaction::~KeptTransaction() {
         commit();
     } catch (const Fault&) {
         // What could not be committed is gone whole.
-        try {
-            if (m_database.inTransaction()) m_database.execute("rollback");
-        } catch (const Fault&) {
-        }
     }
 }
 
-void KeptTransaction::begin() {
-    m_database.execute("begin immediate");
-}
-
 void KeptTransaction::commit() {
-    if (m_database.inTransaction()) m_database.execute("commit");
-}
-
-void KeptTransaction::commitAndGoOn() {
-    commit();
-    begin();
+    if (!m_open) return;
+    m_open = false;
+    if (!m_database.inTransaction()) return;
+    try {
+        m_database.execute("commit");
+    } catch (const Fault&) {
+        try {
+            if (m_database.inTransaction()) m_database.execute("rollback");
+        } catch (const Fault&) {
+            // The fault of the commit is the one to be told.
+        }
+        throw;
+    }
 }
 
 } // namespace vandrel

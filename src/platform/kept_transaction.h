@@ -15,16 +15,13 @@ class KeptTransaction {
     KeptTransaction(const KeptTransaction&) = delete;
     KeptTransaction& operator=(const KeptTransaction&) = delete;
 
-    // Nothing where the engine itself has rolled back (a full disk) or commit() was called before. Faults of
-    // the engine; then nothing was written.
+    // Does nothing where the engine itself has rolled back (a full disk) or commit() was called before.
+    // Faults of the engine; nothing was written then.
     void commit();
-    // Commits and begins the next one.
-    void commitAndGoOn();
 
   private:
-    void begin();
-
     Database& m_database;
+    bool m_open = true;
 };
 
 } // namespace vandrel

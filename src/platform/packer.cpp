@@ -30,6 +30,11 @@ void ArjPacker::start(const QString& folder, const QString& archivePath, const Q
     m_process->start(m_program, {u"a"_s, u"-i"_s, u"-y"_s, archivePath, fileName});
 }
 
+bool ArjPacker::endsWithin(int milliseconds) {
+    return !m_process || m_process->state() == QProcess::NotRunning ||
+           m_process->waitForFinished(milliseconds);
+}
+
 bool ArjPacker::waitForFinished() {
     if (!m_process) return false;
     if (m_process->state() != QProcess::NotRunning) m_process->waitForFinished(patienceMilliseconds);

@@ -48,9 +48,9 @@ std::string_view viewOf(const QByteArray& bytes) {
 class ReportWriter {
   public:
     ReportWriter(Workstation& station, const ItemisedReport& report, const QString& period, EventTurn& turn,
-                 ReportProgress& progress, ReportOutcome& outcome)
+                 ReportProgress& progress, KeptTransaction& marks, ReportOutcome& outcome)
         : m_station(station), m_report(report), m_period(period), m_turn(turn), m_progress(progress),
-          m_outcome(outcome), m_files(station, turn, progress),
+          m_marks(marks), m_outcome(outcome), m_files(station, turn, progress),
           m_figures([points = ProcedurePoints(station)](std::string_view code) mutable {
               return points.of(code);
           }) {}
@@ -60,15 +60,27 @@ class ReportWriter {
             if (!writeReport()) return;
             writeNote();
             statement([&] { m_files.makeMarker(m_institution.NBK_KOD); });
+            m_files.syncWorkingFile(fileName());
+            m_files.syncWorkingFile(m_report.noteName);
             m_files.showNote(u"Adatbázis tömörítése..."_s, false);
         } catch (const Fault& fault) {
             m_file.reset(); // closed as far as it was written
-            m_files.tellFault(fault);
+            tellFault(fault);
             return;
         }
         // Deliberate: errors are ignored from here on, each step going on to the next one.
         ignoringFaults([&] { m_files.pack(m_baseName + u".arj"_s, fileName()); });
         ignoringFaults([&] { m_files.copyToTarget(m_report.noteName, true); });
+        // A power cut after the success text must not leave marks without files.
+        m_files.waitForPacking();
+        for (const QString& name : {m_baseName + u".arj"_s, m_report.noteName})
+            ignoringFaults([&] { m_files.syncOnTarget(name); });
+        try {
+            m_marks.commit();
+        } catch (const Fault& fault) {
+            tellFault(fault);
+            return;
+        }
         m_files.showNote(u"Adatbázis tömörítése kész, a jelentés elkészült!\n"
                          "Kérem várjon, amíg a felbukkanó ablak automatikusan bezáródik!"_s,
                          true);
@@ -88,6 +100,16 @@ class ReportWriter {
         }
     }
 
+    void tellFault(const Fault& fault) {
+        keepMarks();
+        m_outcome.detail = fault.text();
+        m_files.tellFault(fault);
+    }
+    // No lock is held while a box is open.
+    void keepMarks() {
+        ignoringFaults([this] { m_marks.commit(); });
+    }
+
     QString fileName() const { return m_baseName + m_report.extension; }
 
     // False when the run ends here with a box of its own.
@@ -105,6 +127,7 @@ class ReportWriter {
         if (!institution) {
             // Nothing is left behind that could be taken for this month's report.
             QFile::remove(m_files.workingFile(u"tet"_s + m_report.extension));
+            keepMarks();
             m_station.dialogue.tell(u"Nincsenek kitöltve az intézeti adatok!"_s, u"Hiba"_s);
             return false;
         }
@@ -118,6 +141,7 @@ class ReportWriter {
         statement([&] { writeHeadBlock(records); });
         if (records == 0) {
             statement([&] { m_file->close(); });
+            keepMarks();
             m_station.dialogue.tell(u"Nincs adat![Hiba: ErFl-01]"_s, u"Hiba"_s);
             return false;
         }
@@ -130,7 +154,7 @@ class ReportWriter {
         std::string block;
         for (const QString& line : headBlock(m_institution, m_period, records)) {
             const QByteArray utf8 = line.toUtf8();
-            if (!code_page::appendUtf8(block, viewOf(utf8)))
+            if (!code_page::appendLinePart(block, viewOf(utf8)))
                 throw Fault(fault::invalidCall, u"Az intézet adatai nem írhatók a jelentésbe!"_s);
             block += "\r\n";
         }
@@ -163,7 +187,9 @@ class ReportWriter {
             try {
                 formatter.append(part, values);
                 part += "\r\n";
-            } catch (const Fault&) {
+            } catch (const RecordFault& fault) {
+                m_outcome.faultyRecord = position + 1;
+                m_outcome.faultyColumn = fault.column();
                 flush(); // as far as it was written: up to the column at fault
                 throw;
             }
@@ -206,6 +232,7 @@ class ReportWriter {
     const QString m_period;
     EventTurn& m_turn;
     ReportProgress& m_progress;
+    KeptTransaction& m_marks;
     ReportOutcome& m_outcome;
     ReportFiles m_files;
     ReportFigures m_figures;
@@ -217,8 +244,9 @@ class ReportWriter {
 } // namespace
 
 void writeItemisedReport(Workstation& station, const ItemisedReport& report, const ReportRequest& request,
-                         EventTurn& turn, ReportProgress& progress, ReportOutcome& outcome) {
-    ReportWriter(station, report, request.*report.period, turn, progress, outcome).run();
+                         EventTurn& turn, ReportProgress& progress, KeptTransaction& marks,
+                         ReportOutcome& outcome) {
+    ReportWriter(station, report, request.*report.period, turn, progress, marks, outcome).run();
 }
 
 } // namespace vandrel

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/event_turn.h"
+#include "platform/kept_transaction.h"
 #include "reports/covering_note.h"
 #include "reports/record_table.h"
 #include "reports/report_outcome.h"
@@ -27,10 +28,12 @@ struct ItemisedReport {
     QString ReportRequest::*period;
 };
 
-// Shows its own boxes and raises no Fault. Marks that the selection has set stay, whatever happens here.
-// Fills records, procedures, reportFile and complete of the outcome; complete is true when the run came to
-// the success text (which does not wait for the archiver).
+// Shows its own boxes and raises no Fault. marks is the open transaction of the selection: it is committed
+// when all files are on the disk and before success is said, and before any box: marks that are set stay,
+// whatever fault is met here. Fills records, procedures, reportFile, the fault's place and complete of the
+// outcome; complete is true when the run came to the success text, whatever became of the archive.
 void writeItemisedReport(Workstation& station, const ItemisedReport& report, const ReportRequest& request,
-                         EventTurn& turn, ReportProgress& progress, ReportOutcome& outcome);
+                         EventTurn& turn, ReportProgress& progress, KeptTransaction& marks,
+                         ReportOutcome& outcome);
 
 } // namespace vandrel

@@ -11,8 +11,8 @@ const ItemisedReport& originalReport() {
 }
 
 void eredeti_floppy(Workstation& station, const ReportRequest& request, EventTurn& turn,
-                    ReportProgress& progress, ReportOutcome& outcome) {
-    writeItemisedReport(station, originalReport(), request, turn, progress, outcome);
+                    ReportProgress& progress, KeptTransaction& marks, ReportOutcome& outcome) {
+    writeItemisedReport(station, originalReport(), request, turn, progress, marks, outcome);
 }
 
 } // namespace vandrel

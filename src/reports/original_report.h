@@ -10,6 +10,6 @@ const ItemisedReport& originalReport();
 
 // Writes it from the scratch rows: writeItemisedReport.
 void eredeti_floppy(Workstation& station, const ReportRequest& request, EventTurn& turn,
-                    ReportProgress& progress, ReportOutcome& outcome);
+                    ReportProgress& progress, KeptTransaction& marks, ReportOutcome& outcome);
 
 } // namespace vandrel

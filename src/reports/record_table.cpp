@@ -8,12 +8,6 @@ namespace vandrel {
 
 namespace {
 
-[[noreturn]] void raiseValue(const RecordColumn& column) {
-    throw Fault(fault::invalidCall,
-                u"A(z) %1 mező értéke nem fér el a jelentésben!"_s.arg(
-                    QString::fromLatin1(column.column.data(), qsizetype(column.column.size()))));
-}
-
 // The first count characters of a UTF-8 text.
 std::string_view firstCharacters(std::string_view text, std::size_t count) {
     std::size_t at = 0;
@@ -41,14 +35,18 @@ bool appendValue(std::string& target, const RecordColumn& column, std::string_vi
     if (column.align == Align::zeros) target.append(room, '0');
     if (plain)
         target.append(value);
-    else if (value.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos ||
-             !code_page::appendUtf8(target, value))
+    else if (!code_page::appendLinePart(target, value))
         return false;
     if (column.align == Align::left || column.align == Align::leftCut) target.append(room, ' ');
     return true;
 }
 
 } // namespace
+
+RecordFault::RecordFault(std::string_view column)
+    : Fault(fault::invalidCall, u"A(z) %1 mező értéke nem írható a jelentésbe!"_s.arg(QString::fromLatin1(
+                                    column.data(), static_cast<qsizetype>(column.size())))),
+      m_column(column) {}
 
 std::string recordSelect(std::span<const RecordColumn> record, std::string_view table) {
     std::string sql = "select ";
@@ -77,7 +75,7 @@ void RecordFormatter::append(std::string& target, std::span<const Value> values)
         const std::size_t before = target.size();
         if (!appendValue(target, column, value)) {
             target.resize(before);
-            raiseValue(column);
+            throw RecordFault(column.column);
         }
     }
 }

@@ -2,6 +2,8 @@
 // walks it. The itemised report's record is such an array. Reads no table itself.
 #pragma once
 
+#include "platform/fault.h"
+
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -82,6 +84,16 @@ constexpr std::size_t recordWidth(std::span<const RecordColumn> record) {
 }
 static_assert(recordWidth(originalRecord) == 194);
 
+// A value that cannot stand in its column; fault invalidCall.
+class RecordFault : public Fault {
+  public:
+    explicit RecordFault(std::string_view column);
+    std::string_view column() const noexcept { return m_column; } // its name in the record's table
+
+  private:
+    std::string_view m_column;
+};
+
 // "select", the record's columns in their order, and "from table order by rowid".
 std::string recordSelect(std::span<const RecordColumn> record, std::string_view table);
 
@@ -93,8 +105,8 @@ class RecordFormatter {
     explicit RecordFormatter(std::span<const RecordColumn> record);
 
     // Appends the columns, without a line end, to target, in the code page. A value longer than its width, or
-    // one that cannot stand in the file (a letter outside the code page, a line end), is fault invalidCall;
-    // target then holds the columns before it.
+    // one that cannot stand in the file (code_page::appendLinePart says which), is a RecordFault; target then
+    // holds the columns before it.
     void append(std::string& target, std::span<const Value> values) const;
 
   private:

@@ -1,7 +1,6 @@
 #include "reports/report_files.h"
 
 #include "platform/code_page.h"
-#include "reports/report_target.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,7 +13,10 @@ namespace vandrel {
 
 namespace {
 
-constexpr unsigned long retryPause = 10; // milliseconds between two tries of a locked file
+// milliseconds
+constexpr unsigned long retryPause = 10; // between two tries of a locked file
+constexpr int packingPause = 20;         // between two turns of the event loop
+constexpr int packingPatience = 60'000;
 
 } // namespace
 
@@ -50,6 +52,12 @@ void ReportFiles::pack(const QString& archiveName, const QString& fileName) {
     // An archive of an earlier month must not pass for this one where the archiver fails.
     QFile::remove(archive);
     m_station.packer.start(m_station.folder, archive, fileName);
+}
+
+void ReportFiles::waitForPacking() {
+    for (int waited = 0; waited < packingPatience && !m_station.packer.endsWithin(packingPause);
+         waited += packingPause)
+        m_turn.serve();
 }
 
 void ReportFiles::showNote(const QString& text, bool buttonEnabled) {

@@ -4,8 +4,10 @@
 
 #include "foundation/workstation.h"
 #include "platform/event_turn.h"
+#include "platform/file_sync.h"
 #include "reports/fault_reactions.h"
 #include "reports/report_progress.h"
+#include "reports/report_target.h"
 
 namespace vandrel {
 
@@ -38,6 +40,12 @@ class ReportFiles {
     // Starts the archiver for a file of the working folder; the archive is put on the target, directly after
     // its text. An earlier archive of that name is removed first. Faults of targetFile.
     void pack(const QString& archiveName, const QString& fileName);
+
+    // Waits until the archiver has ended, a minute at most; the event loop gets its turns.
+    void waitForPacking();
+    // The files are on the disk when this comes back; faults as syncFile.
+    void syncWorkingFile(const QString& name) const { syncFile(workingFile(name)); }
+    void syncOnTarget(const QString& name) const { syncFile(targetFile(m_station, name)); }
 
     // In the status note, where there is one; the event loop gets a turn.
     void showNote(const QString& text, bool buttonEnabled);

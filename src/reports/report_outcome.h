@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <string_view>
+
 namespace vandrel {
 
 struct ReportOutcome {
@@ -19,7 +21,12 @@ struct ReportOutcome {
     qint64 sheets = 0;     // selected
     qint64 records = 0;    // rows of the scratch table
     qint64 procedures = 0; // non-blank procedure positions
-    QString reportFile;    // path of the report file; empty before the writer has opened it
+    // Of the fault that ended the run, for the state line: the sheet's key and column where a record is to
+    // blame. Empty when the run came to its end.
+    QString detail;
+    qint64 faultyRecord = 0;       // from 1; 0: no record is to blame
+    std::string_view faultyColumn; // of the scratch table
+    QString reportFile;            // path of the report file; empty before the writer has opened it
 };
 
 } // namespace vandrel

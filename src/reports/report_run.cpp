@@ -1,5 +1,6 @@
 #include "reports/report_run.h"
 
+#include "platform/kept_transaction.h"
 #include "reports/original_report.h"
 #include "reports/report_period.h"
 #include "reports/report_target.h"
@@ -21,7 +22,8 @@ const QString noData = u"Nincs a feltételeknek megfelelő adat!\n"
 struct ReportKind {
     const char* mode;
     const ItemisedReport& (*report)();
-    void (*write)(Workstation&, const ReportRequest&, EventTurn&, ReportProgress&, ReportOutcome&);
+    void (*write)(Workstation&, const ReportRequest&, EventTurn&, ReportProgress&, KeptTransaction&,
+                  ReportOutcome&);
 };
 
 constexpr ReportKind kinds[] = {{"0", originalReport, eredeti_floppy}};
@@ -31,6 +33,20 @@ const ReportKind* kindOf(const QString& mode) {
     for (const ReportKind& kind : kinds)
         if (mode == QLatin1StringView(kind.mode)) return &kind;
     return nullptr;
+}
+
+// Which sheet and column the writer stopped at, in place of its fault's text.
+void nameFaultyRecord(Workstation& station, const std::vector<qint64>& sheets, ReportOutcome& outcome) {
+    if (outcome.faultyRecord == 0) return;
+    const std::string_view column = sourceOf(outcome.faultyColumn);
+    QString key;
+    try {
+        key = keyOfRow(station, sheets, outcome.faultyRecord);
+    } catch (const Fault&) {
+        return; // the column's name alone is there
+    }
+    outcome.detail = u"Hibás adatlap: %1, mező: %2"_s.arg(
+        key, QString::fromLatin1(column.data(), static_cast<qsizetype>(column.size())));
 }
 
 void tellFault(Workstation& station, const Fault& fault) {
@@ -61,26 +77,36 @@ ReportOutcome runReport(Workstation& station, const ReportRequest& request, Repo
     const SheetSelection& selection = kind->report().selection;
     EventTurn turn(station.serveEvents, station.turnEvery);
     outcome.result = Result::notStarted;
+    // From the question which sheets are due to the last file one transaction: a run that is killed has
+    // marked nothing, and no other program marks or reports the same sheets meanwhile.
+    std::optional<KeptTransaction> marks;
+    std::vector<qint64> sheets;
     try {
         testTarget(station);
         progress.started();
         outcome.result = Result::broken;
+        marks.emplace(station.files[DataFile::tetdata]);
         emptyScratchTables(station);
-        const std::vector<qint64> sheets = dueSheets(station, selection, request.from, request.to, turn);
+        sheets = dueSheets(station, selection, request.from, request.to, turn);
         outcome.sheets = static_cast<qint64>(sheets.size());
         progress.selectedSheets(outcome.sheets);
         if (sheets.empty()) {
             outcome.result = Result::noData;
+            marks.reset();
             progress.noData();
             station.dialogue.tell(noData, u"Hiba!"_s);
             return outcome;
         }
         outcome.records = flattenSheets(station, selection, sheets, turn, progress);
     } catch (const Fault& fault) {
+        marks.reset(); // kept, and no lock is held while a box is open
+        outcome.detail = fault.text();
         tellFault(station, fault);
         return outcome;
     }
-    kind->write(station, request, turn, progress, outcome);
+    kind->write(station, request, turn, progress, *marks, outcome);
+    marks.reset();
+    nameFaultyRecord(station, sheets, outcome);
     outcome.result = Result::writerEnded;
     return outcome;
 }

@@ -12,9 +12,6 @@ namespace vandrel {
 
 namespace {
 
-// Sheets a commit. Each commit waits for the disk, and one of a large month would hold the window up.
-constexpr int sheetsPerCommit = 8000;
-
 const QString preparing = u"Előkészítés: "_s;
 
 } // namespace
@@ -25,6 +22,7 @@ qint64 countSheets(Workstation& station) {
 }
 
 void emptyScratchTables(Workstation& station) {
+    station.files.renewScratch();
     Database& scratch = station.files[DataFile::tetseged];
     scratch.execute("delete from Leval_er");
     scratch.execute("delete from Leval_jav");
@@ -62,30 +60,24 @@ std::vector<qint64> dueSheets(Workstation& station, const SheetSelection& select
 qint64 flattenSheets(Workstation& station, const SheetSelection& selection, const std::vector<qint64>& sheets,
                      EventTurn& turn, ReportProgress& progress) {
     KeptTransaction scratch(station.files[DataFile::tetseged]);
-    KeptTransaction marks(station.files[DataFile::tetdata]);
-    SheetRows sheetRows(station, selection.table, selection.headColumns);
+    // The mark is looked at again: what another program has marked meanwhile is that program's.
+    SheetRows sheetRows(station, selection.table, selection.headColumns, selection.due);
     Query mark = station.files[DataFile::tetdata].query("update BETEG set " + std::string(selection.mark) +
                                                         "=1 where rowid=?");
     const auto total = static_cast<qint64>(sheets.size());
     qint64 rows = 0;
     qint64 position = 0;
-    int uncommitted = 0;
     for (const qint64 sheet : sheets) {
-        if (const std::optional<std::size_t> written = sheetRows.write(sheet)) { // not gone meanwhile
+        if (const std::optional<std::size_t> written = sheetRows.write(sheet)) {
             rows += static_cast<qint64>(*written);
             mark.bind(1, sheet).run();
         }
         ++position;
-        if (++uncommitted == sheetsPerCommit) {
-            uncommitted = 0;
-            marks.commitAndGoOn();
-        }
         if (position == total || turn.due()) {
             if (turn.displayDue() || position == total) progress.moved(preparing, position, total);
             turn.serve();
         }
     }
-    marks.commit();
     scratch.commit();
     return rows;
 }

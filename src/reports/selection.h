@@ -29,7 +29,7 @@ inline constexpr SheetSelection correctedSelection = {
 // Sheets of all periods, for the screen's counter.
 qint64 countSheets(Workstation& station);
 
-// Deletes every row of both scratch tables.
+// Deletes every row of both scratch tables; a damaged scratch file is replaced first.
 void emptyScratchTables(Workstation& station);
 
 // The rowids of the sheets of a period whose first seven characters of F_DATUM lie between the two texts,
@@ -37,9 +37,9 @@ void emptyScratchTables(Workstation& station);
 std::vector<qint64> dueSheets(Workstation& station, const SheetSelection& selection, const QString& from,
                               const QString& to, EventTurn& turn);
 
-// Writes the rows of each sheet and marks it: a sheet without lines gives no row and is marked all the same.
-// When a fault breaks the walk it is raised after what was done so far is committed: the marks stay, and
-// the sheet at fault has none. Gives the number of rows written.
+// Writes the rows of each sheet that is still due and marks it: a sheet without lines gives no row and is
+// marked all the same. The caller holds the transaction of the marks. When a fault breaks the walk, the rows
+// written so far are kept, and the sheet at fault has no mark. Gives the number of rows written.
 qint64 flattenSheets(Workstation& station, const SheetSelection& selection, const std::vector<qint64>& sheets,
                      EventTurn& turn, ReportProgress& progress);
 

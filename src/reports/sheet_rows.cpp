@@ -29,11 +29,11 @@ void appendSources(std::string& sql, std::span<const RowColumn> columns, RowSour
     }
 }
 
-std::string sheetSelect(std::span<const RowColumn> headColumns) {
+std::string sheetSelect(std::span<const RowColumn> headColumns, std::string_view condition) {
     std::string columns = "AZONOSITO, PaciensId";
     appendSources(columns, everyRowColumns, RowSource::sheet);
     appendSources(columns, headColumns, RowSource::sheet);
-    return "select " + columns + " from BETEG where rowid=?";
+    return "select " + columns + " from BETEG where rowid=? and " + std::string(condition);
 }
 
 std::string patientSelect(std::span<const RowColumn> headColumns) {
@@ -87,6 +87,34 @@ std::string_view trimmed(std::string_view text) {
 
 } // namespace
 
+std::string_view sourceOf(std::string_view column) {
+    if (column.starts_with("Who_")) return "BEAV";
+    if (column.starts_with("Menny_")) return "MENNY";
+    if (column.starts_with("Jell_")) return "BeavJelleg";
+    for (const std::span<const RowColumn> columns :
+         {std::span<const RowColumn>(everyRowColumns), std::span<const RowColumn>(correctedHeadColumns)})
+        for (const RowColumn& entry : columns)
+            if (entry.column == column) return entry.from;
+    return {};
+}
+
+QString keyOfRow(Workstation& station, std::span<const qint64> sheets, qint64 position) {
+    Query sheet = station.files[DataFile::tetdata].query(
+        "select AZONOSITO, (select count(*) from EUSZOLG where Azonosito=trim(BETEG.AZONOSITO)) "
+        "from BETEG where rowid=?");
+    qint64 last = 0;
+    for (const qint64 rowid : sheets) {
+        sheet.bind(1, rowid);
+        if (sheet.next()) {
+            constexpr auto perRow = static_cast<qint64>(positionsPerRow);
+            last += (sheet.integer(1) + perRow - 1) / perRow;
+            if (last >= position) return sheet.text(0).trimmed();
+        }
+        sheet.reset();
+    }
+    return {};
+}
+
 void SheetRows::Binder::parts(std::initializer_list<std::string_view> parts) {
     std::string& buffer = m_made[m_used++];
     buffer.clear();
@@ -130,8 +158,10 @@ void SheetRows::Binder::run() {
     m_used = 0;
 }
 
-SheetRows::SheetRows(Workstation& station, std::string_view table, std::span<const RowColumn> headColumns)
-    : m_headColumns(headColumns), m_sheet(station.files[DataFile::tetdata].query(sheetSelect(headColumns))),
+SheetRows::SheetRows(Workstation& station, std::string_view table, std::span<const RowColumn> headColumns,
+                     std::string_view condition)
+    : m_headColumns(headColumns),
+      m_sheet(station.files[DataFile::tetdata].query(sheetSelect(headColumns, condition))),
       m_patient(station.files[DataFile::tetdata].query(patientSelect(headColumns))),
       m_line(station.files[DataFile::tetdata].query(lineSelect)),
       m_headRow(station.files[DataFile::tetseged].query(insertInto(table, headColumns))),
@@ -163,8 +193,8 @@ void SheetRows::readLines() {
     m_line.bindBorrowed(1, trimmed(m_sheet.bytes(keyPlace)));
     while (m_line.next()) {
         if (m_lineCount == linesPerSheet)
-            throw Fault(fault::subscript,
-                        u"Egy adatlapon legfeljebb %1 beavatkozás lehet!"_s.arg(linesPerSheet));
+            throw Fault(fault::subscript, u"Egy adatlapon legfeljebb %1 beavatkozás lehet: %2"_s.arg(
+                                              QString::number(linesPerSheet), m_sheet.text(keyPlace)));
         Line& line = m_lines[m_lineCount++];
         line.codeNull = m_line.isNull(0);
         line.code.assign(m_line.bytes(0));

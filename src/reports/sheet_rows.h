@@ -90,15 +90,25 @@ inline constexpr std::span<const RowColumn> originalHeadColumns(correctedHeadCol
                                                                 std::size(correctedHeadColumns) - 4);
 static_assert(originalHeadColumns.back().column == "Termod");
 
+// Column of the sheet, its patient or its lines that a column of the scratch table comes from; empty for one
+// that is in no list.
+std::string_view sourceOf(std::string_view column);
+
+// Key of the sheet that row number position (from 1) of the scratch table comes from, when these sheets were
+// laid out one after another; empty where there is none. Faults of the data file pass through.
+QString keyOfRow(Workstation& station, std::span<const qint64> sheets, qint64 position);
+
 // Writes the rows of one sheet after another. Holds statements of both files; the caller holds the
 // transactions.
 class SheetRows {
   public:
-    // table: of tetseged.mdb.
-    SheetRows(Workstation& station, std::string_view table, std::span<const RowColumn> headColumns);
+    // table: of tetseged.mdb; condition: on BETEG, looked at for each sheet.
+    SheetRows(Workstation& station, std::string_view table, std::span<const RowColumn> headColumns,
+              std::string_view condition);
 
-    // Rows written: one for every six lines, rounded up. nullopt when the sheet is gone. Faults: subscript
-    // for too many lines, with no row of the sheet written; those of both data files.
+    // Rows written: one for every six lines, rounded up. nullopt when the sheet is gone or the condition is
+    // not true (any longer). Faults: subscript for too many lines, with no row of the sheet written; those of
+    // both data files.
     std::optional<std::size_t> write(qint64 sheet);
 
   private:

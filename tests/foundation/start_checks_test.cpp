@@ -34,7 +34,6 @@ TEST(StartChecks, LostOrDamagedFilesAreNamedAndNeverReplaced) {
         {DataFile::tetmod, "", "Nem található a tetmod.mdb állomány!", false},
         {DataFile::beav, "", "Nem található a beav.mdb állomány!", false},
         {DataFile::diagnos, "", "Nem található a diagnos.mdb állomány!", false},
-        {DataFile::tetseged, "", "Nem található a tetseged.mdb állomány!", false},
         {DataFile::tetdata, "drop table BETEG",
          "A(z) tetdata.mdb állományban nem található a(z) BETEG tábla!", false},
         {DataFile::tetmod, "alter table ORVOSOK drop column RANG",
@@ -55,6 +54,41 @@ TEST(StartChecks, LostOrDamagedFilesAreNamedAndNeverReplaced) {
         EXPECT_EQ(examineDataFiles(test.workstation), broken.goesOn);
         EXPECT_EQ(QFile::exists(path), *broken.script != 0);
     }
+}
+
+TEST(StartChecks, AScratchFileIsMadeAnew) {
+    TestWorkstation test;
+    const QString path = test.path(u"tetseged.mdb"_s);
+    test.workstation.files[DataFile::tetseged].executeScript("insert into Leval_er (Naplo) values ('1')");
+    test.workstation.files.closeAll();
+    const QByteArray whole = fileBytes(path);
+    const QByteArray empty;
+    const struct {
+        const char* what;
+        std::function<void()> spoil;
+    } cases[] = {
+        {"missing", [&] { QFile::remove(path); }},
+        {"empty", [&] { makeFile(path); }},
+        {"no data file", [&] { makeFile(path, QByteArray(5000, 'x')); }},
+        {"torn", [&] { makeFile(path, whole.left(whole.size() / 2)); }},
+        {"pages of zeros", [&] { makeFile(path, whole.left(4096) + QByteArray(whole.size() - 4096, '\0')); }},
+        {"a table short",
+         [&] { test.workstation.files[DataFile::tetseged].executeScript("drop table Leval_jav"); }},
+    };
+    for (const auto& broken : cases) {
+        SCOPED_TRACE(broken.what);
+        test.workstation.files.closeAll();
+        broken.spoil();
+        EXPECT_TRUE(examineDataFiles(test.workstation)); // without a word
+        EXPECT_EQ(firstText(test.workstation.files[DataFile::tetseged], "select count(*) from Leval_jav"),
+                  u"0"_s);
+        EXPECT_EQ(test.workstation.files.examine(DataFile::tetseged), QString());
+    }
+    // A whole one stays as it is: its rows are the last run's.
+    test.workstation.files.closeAll();
+    makeFile(path, whole);
+    EXPECT_TRUE(examineDataFiles(test.workstation));
+    EXPECT_EQ(firstText(test.workstation.files[DataFile::tetseged], "select Naplo from Leval_er"), u"1"_s);
 }
 
 TEST(StartChecks, EveryLostFileIsTold) {

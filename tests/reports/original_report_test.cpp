@@ -1,5 +1,6 @@
 // The whole road of the original report on real files: every byte of the report and its note, the marks, and
 // what each fault leaves behind.
+#include "platform/database.h"
 #include "reports/report_run.h"
 #include "reports/write_back.h"
 #include "support/report_data.h"
@@ -269,9 +270,50 @@ TEST_F(OriginalReport, StoreFaultsKeepTheMarksSetSoFar) {
     EXPECT_FALSE(run().complete);
     EXPECT_EQ(fileBytes(amb()).size(), fileBytes(amb()).indexOf("\r\n\r\n") + 4 + 3 * 196);
 
+    // A scratch file in which a table is missing is made anew.
+    addProcedures(test);
+    test.data().executeScript("update BETEG set FLOPPY=0");
     scratch.executeScript("drop table Leval_er");
-    test.dialogue.expect(selectionBroke + u"3078"_s);
-    EXPECT_EQ(run().result, Result::broken);
+    EXPECT_TRUE(run().complete);
+}
+
+// Marks become durable after the files and before success is said; no other program sees one earlier.
+TEST_F(OriginalReport, MarksComeLast) {
+    struct Look : StatusNote {
+        void showNote(const QString&, bool) override {
+            marks << firstText(other, "select sum(FLOPPY) from BETEG");
+        }
+        explicit Look(const QString& path) : other(path) {}
+        Database other;
+        QStringList marks;
+    } look(test.path(u"tetdata.mdb"_s));
+    for (int key = 1; key <= 3; ++key)
+        addPlain(key);
+    test.workstation.statusNote = &look;
+    EXPECT_TRUE(run().complete);
+    EXPECT_EQ(look.marks.join('|'_L1), u"0|3"_s);
+}
+
+// Two programs on one folder: while one makes its report, the other's run ends with the box of a file in use.
+TEST_F(OriginalReport, OnlyOneProgramReportsASheet) {
+    for (int key = 1; key <= 300; ++key)
+        addPlain(key);
+    ExpectedDialogue otherDialogue;
+    Workstation other(test.directory.path(), otherDialogue, test.clock, test.packer);
+    other.reportTarget = test.workstation.reportTarget;
+    ReportProgress quiet;
+    const QString march = u"2008.03"_s;
+    ReportOutcome first;
+    recorder.atWriting = [&] {
+        otherDialogue.expect(selectionBroke + u"3045"_s);
+        first = runReport(other, {u"0"_s, march, march, {}}, quiet);
+    };
+    EXPECT_EQ(run().records, 300);
+    EXPECT_EQ(first.result, Result::broken);
+    EXPECT_EQ(first.records, 0);
+    otherDialogue.expect(noDataText, u"Hiba!"_s);
+    EXPECT_EQ(runReport(other, {u"0"_s, march, march, {}}, quiet).result, Result::noData);
+    EXPECT_TRUE(fileBytes(amb()).contains("\r\n0000300\r\n"));
 }
 
 TEST_F(OriginalReport, NoInstitutionNoReport) {

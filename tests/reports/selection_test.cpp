@@ -99,6 +99,22 @@ TEST(Selection, CorrectedSheetsGoToTheirOwnTableWithTheirOwnMark) {
     EXPECT_EQ(firstText(scratch, "select count(*) from Leval_er"), u"0"_s);
 }
 
+TEST(Selection, AMarkSetMeanwhileIsSeen) {
+    TestWorkstation test;
+    for (int key = 1; key <= 4; ++key)
+        putSheet(test, key, {}, {{"'11041'", "1"}});
+    EventTurn turn({});
+    ReportProgress progress;
+    const auto sheets = dueSheets(test.workstation, originalSelection, u"2008.03"_s, u"2008.03"_s, turn);
+    test.data().executeScript(
+        "update BETEG set FLOPPY=1 where rowid=2; update BETEG set JAV='1' where rowid=3");
+    EXPECT_EQ(flattenSheets(test.workstation, originalSelection, sheets, turn, progress), 2);
+    EXPECT_EQ(
+        firstText(test.workstation.files[DataFile::tetseged], "select group_concat(Naplo) from Leval_er"),
+        u"1,4"_s);
+    EXPECT_EQ(firstText(test.data(), "select group_concat(FLOPPY, '') from BETEG"), u"1101"_s);
+}
+
 TEST(Selection, AFeeIsWrittenAsTheProgramWritesNumbers) {
     TestWorkstation test;
     int key = 0;

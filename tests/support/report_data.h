@@ -41,6 +41,13 @@ inline void addSheet(TestWorkstation& test, int key,
     putSheet(test, key, assignments, lines);
 }
 
+inline void addProcedures(TestWorkstation& test) {
+    test.workstation.files[DataFile::beav].executeScript(
+        "create table if not exists BEAV (BEAV_KOD text collate nocase, NEMET_PONT real);"
+        "insert into BEAV (BEAV_KOD, NEMET_PONT) values ('11041', 10), ('12345', 5.5), ('29000', 1000), "
+        "('00005', 5);");
+}
+
 inline void addReportMasterData(TestWorkstation& test) {
     test.data().executeScript(
         "pragma synchronous=off;" // the rows of a test need not outlive a power cut
@@ -53,9 +60,7 @@ inline void addReportMasterData(TestWorkstation& test) {
         "insert into SZAKREND (REND_KOD, REND_NEV) values ('010000001', "
         "'Általános és baleseti sebészeti szakrendelés'), ('020000002', 'Belgyógyászat'), "
         "('u4', 'Szemészet');");
-    test.workstation.files[DataFile::beav].executeScript(
-        "insert into BEAV (BEAV_KOD, NEMET_PONT) values ('11041', 10), ('12345', 5.5), ('29000', 1000), "
-        "('00005', 5);");
+    addProcedures(test);
 }
 
 } // namespace vandrel::test

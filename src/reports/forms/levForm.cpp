@@ -221,7 +221,7 @@ void levForm::run() {
     const ReportOutcome outcome =
         runReport(station(), {m_mode, m_from->value(), m_to->value(), m_settlement->value()}, *this);
     m_running = false;
-    m_hint->clear();
+    m_hint->setText(outcome.detail);
     using Result = ReportOutcome::Result;
     switch (outcome.result) {
     case Result::refused:

@@ -156,6 +156,19 @@ TEST_F(ReportForms, TheMonthsReportByKeyboard) {
     EXPECT_TRUE(opener.isEnabled());
 }
 
+TEST_F(ReportForms, TheStateLineNamesTheSheetThatBrokeTheReport) {
+    putSheet(test, 1, {}, {{"'11041'", "1"}});
+    putSheet(test, 2, {}, std::vector<LineData>(8, {"'11041'", "100"}));
+    levForm form(test.workstation, &opener, u"0"_s);
+    test.workstation.reportTarget = test.path({}) + '/'_L1;
+    show(form);
+    test.dialogue.expect(u"Hiba történt az adatkiírás során!5"_s, u"Hiba mentés közben"_s);
+    part<QPushButton>(form, "Levalogatas")->setFocus();
+    pressKey(Qt::Key_Return);
+    EXPECT_EQ(shown(form, "figyelmeztetes"), u"Hibás adatlap: TST0000002, mező: MENNY"_s);
+    keepPicture(form, u"levForm_hiba.png"_s);
+}
+
 TEST_F(ReportForms, NoDataLetsTheUserTryAnotherPeriod) {
     levForm form(test.workstation, &opener, u"0"_s);
     test.workstation.reportTarget = test.path({}) + '/'_L1;
