@@ -201,7 +201,7 @@ constexpr Table tetdataTables[] = {
     {"EGYEBPAR",
      egyebpar,
      {},
-     "insert into EGYEBPAR values ('N', ' ', ' ', ' ', ' ', ' ', '', '', '', '', '', 1)"},
+     "insert into EGYEBPAR values ('N', ' ', ' ', ' ', ' ', ' ', '', '', '', '', '', 0)"},
     {"Beallitasok", beallitasok, {}, "insert into Beallitasok values (1)"},
     {"Verziok", verziok, {}, "insert into Verziok values ('', '', '')"},
 };
@@ -271,6 +271,9 @@ constexpr View gyogysz2Views[] = {
     {"EUKIEM_GYOGYSZ", "select *, NTK_TD as NTK from GYOGYSZ"},
 };
 
+// Of td2.mdb: the one-row tables that the conversion of 1.x data copies.
+constexpr std::string_view filledByConversion[] = {"AZONOSIT", "Gepazonosito", "Utolsok", "EGYEBPAR"};
+
 constexpr File allFiles[] = {
     {DataFile::tetdata, "tetdata.mdb", tetdataTables},
     {DataFile::tetmod, "tetmod.mdb", tetmodTables},
@@ -283,7 +286,7 @@ constexpr File allFiles[] = {
     {DataFile::TAJKapu, "TAJKapu.mdb", tajKapuTables},
     {DataFile::ZEKA, "ZEKA.mdb", zekaTables},
     // The converter fills a copy of this file: the same tables as tetdata.
-    {DataFile::td2, "td2.mdb", tetdataTables},
+    {DataFile::td2, "td2.mdb", tetdataTables, {}, filledByConversion},
 };
 
 } // namespace

@@ -58,6 +58,9 @@ struct File {
     std::string_view name;
     std::span<const Table> tables;
     std::span<const View> views = {};
+    // Tables whose rows are copied in from another file: they start empty, a first row of their own would
+    // come twice.
+    std::span<const std::string_view> filledByCopy = {};
 };
 
 std::span<const File> files();

@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QStringList>
 
+#include <algorithm>
 #include <cerrno>
 
 using namespace Qt::StringLiterals;
@@ -40,7 +41,7 @@ std::string_view typeName(catalogue::Type type) {
     return "TEXT";
 }
 
-std::string createTable(const catalogue::Table& table) {
+std::string createTable(const catalogue::Table& table, bool withFirstRow) {
     std::string sql = "create table " + sqlName(table.name) + " (";
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         if (i != 0) sql += ", ";
@@ -57,7 +58,7 @@ std::string createTable(const catalogue::Table& table) {
                            std::to_string(length)) +
                    " on " + sqlName(table.name) + " (substr(" + sqlName(table.typedAhead) + ",1," +
                    std::to_string(length) + ") collate nocase);\n";
-    if (!table.firstRow.empty()) sql += std::string(table.firstRow) + ";\n";
+    if (withFirstRow && !table.firstRow.empty()) sql += std::string(table.firstRow) + ";\n";
     return sql;
 }
 
@@ -165,7 +166,8 @@ void createDataFile(const QString& path, DataFile file) {
         Database database = Database::create(unfinished);
         Transaction transaction(database);
         for (const catalogue::Table& table : entry.tables)
-            database.executeScript(createTable(table));
+            database.executeScript(createTable(table, std::ranges::find(entry.filledByCopy, table.name) ==
+                                                          entry.filledByCopy.end()));
         for (const catalogue::View& view : entry.views)
             database.executeScript("create view " + sqlName(view.name) + " as " + std::string(view.select) +
                                    ";");

@@ -1,11 +1,10 @@
 // Line-wise reading and writing of the INI file, so that comments and foreign keys survive.
 #include "platform/ini_file.h"
 
+#include "platform/atomic_file.h"
 #include "platform/code_page.h"
-#include "platform/fault.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <QStringList>
 
 #include <cerrno>
@@ -18,9 +17,7 @@ namespace {
 
 constexpr int bufferCharacters = 39; // a buffer of 40 with its closing zero
 
-QStringList readLines(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return {};
+QStringList linesOf(QFile& file) {
     const QString text = code_page::toUnicode(file.readAll());
     QStringList lines = text.split('\n'_L1);
     for (QString& line : lines)
@@ -29,15 +26,29 @@ QStringList readLines(const QString& path) {
     return lines;
 }
 
-void writeLines(const QString& path, const QStringList& lines) {
-    QSaveFile file(path);
-    file.setDirectWriteFallback(false);
+// For asking: a file that is not there or cannot be read has no values.
+QStringList readLines(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    return linesOf(file);
+}
+
+// For writing: lines that cannot be read would be lost by the new file, so they are a fault.
+QStringList readLinesToKeep(const QString& path) {
+    QFile file(path);
+    if (!file.exists()) return {};
     errno = 0;
-    if (!file.open(QIODevice::WriteOnly)) throw fileFault(errno != 0 ? errno : EACCES, path);
+    if (!file.open(QIODevice::ReadOnly)) throw fileFault(errno != 0 ? errno : EACCES, path);
+    QStringList lines = linesOf(file);
+    if (file.error() != QFileDevice::NoError) throw fileFault(EIO, path);
+    return lines;
+}
+
+void writeLines(const QString& path, const QStringList& lines) {
+    AtomicFile file(path);
     for (const QString& line : lines)
         file.write(code_page::fromUnicode(line) + "\r\n");
-    errno = 0;
-    if (!file.commit()) throw fileFault(errno != 0 ? errno : ENOSPC, path);
+    file.keep();
 }
 
 bool isSection(const QString& line, const QString& section) {
@@ -83,6 +94,24 @@ QString assignment(const QString& key, const QString& value) {
     return key + '='_L1 + oneLine;
 }
 
+// Puts one key into its section; both are added at the end where they are not there.
+void assign(QStringList& lines, const QString& section, const QString& key, const QString& value) {
+    const Range range = findSection(lines, section);
+    if (range.first < 0) {
+        lines << '['_L1 + section + ']'_L1 << assignment(key, value);
+        return;
+    }
+    for (qsizetype i = range.first; i < range.last; ++i) {
+        if (!isKey(lines[i], key)) continue;
+        lines[i] = assignment(key, value);
+        return;
+    }
+    qsizetype end = range.last;
+    while (end > range.first && lines[end - 1].trimmed().isEmpty())
+        --end;
+    lines.insert(end, assignment(key, value));
+}
+
 } // namespace
 
 QString IniFile::value(const QString& section, const QString& key) const {
@@ -100,30 +129,15 @@ QString IniFile::value(const QString& section, const QString& key) const {
     return {};
 }
 
-void IniFile::setValue(const QString& section, const QString& key, const QString& value) const {
-    QStringList lines = readLines(m_path);
-    const Range range = findSection(lines, section);
-    if (range.first < 0) {
-        lines << '['_L1 + section + ']'_L1 << assignment(key, value);
-        writeLines(m_path, lines);
-        return;
-    }
-    for (qsizetype i = range.first; i < range.last; ++i) {
-        if (!isKey(lines[i], key)) continue;
-        lines[i] = assignment(key, value);
-        writeLines(m_path, lines);
-        return;
-    }
-    qsizetype end = range.last;
-    while (end > range.first && lines[end - 1].trimmed().isEmpty())
-        --end;
-    lines.insert(end, assignment(key, value));
+void IniFile::setValues(const QString& section, const Values& values) const {
+    QStringList lines = readLinesToKeep(m_path);
+    for (const auto& [key, value] : values)
+        assign(lines, section, key, value);
     writeLines(m_path, lines);
 }
 
-void IniFile::setSection(const QString& section,
-                         const std::vector<std::pair<QString, QString>>& values) const {
-    QStringList lines = readLines(m_path);
+void IniFile::setSection(const QString& section, const Values& values) const {
+    QStringList lines = readLinesToKeep(m_path);
     const Range range = findSection(lines, section);
     qsizetype place = range.first;
     if (place < 0) {

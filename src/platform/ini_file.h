@@ -19,11 +19,17 @@ class IniFile {
     // done; nothing relies on longer values.
     QString value(const QString& section, const QString& key) const;
 
-    // Writes one key and leaves every other line as it is. The file is replaced whole or not at all.
-    // Faults: pathAccess, diskFull, pathNotFound.
-    void setValue(const QString& section, const QString& key, const QString& value) const;
+    using Values = std::vector<std::pair<QString, QString>>; // key and value
+
+    // Writes keys and leaves every other line as it is. The file is replaced whole or not at all; a file that
+    // is there but cannot be read is never replaced. Faults: pathAccess, diskFull, pathNotFound, deviceError.
+    void setValues(const QString& section, const Values& values) const;
+    void setValue(const QString& section, const QString& key, const QString& value) const {
+        setValues(section, {{key, value}});
+    }
     // Replaces a whole section: keys that are not given are lost, as the system's section writer does it.
-    void setSection(const QString& section, const std::vector<std::pair<QString, QString>>& values) const;
+    // Faults as setValues.
+    void setSection(const QString& section, const Values& values) const;
 
   private:
     QString m_path;

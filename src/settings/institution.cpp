@@ -102,8 +102,13 @@ void storeInstitution(Workstation& station, const InstitutionFields& fields) {
 }
 
 void storeLogin(Workstation& station, const InstitutionFields& fields) {
-    station.setup.setValue(u"KJELO"_s, u"Login"_s, fields.Login);
-    station.setup.setValue(u"KJELO"_s, u"Password"_s, fields.Password);
+    try {
+        station.setup.setValues(u"KJELO"_s, {{u"Login"_s, fields.Login}, {u"Password"_s, fields.Password}});
+    } catch (const Fault& fault) {
+        throw Fault(fault.number(),
+                    u"Az intézet adatainak tárolása megtörtént, de a bejelentkező adatoké nem: %1"_s.arg(
+                        fault.text()));
+    }
 }
 
 bool storeWorkstationLabel(Workstation& station, const QString& label) {

@@ -46,6 +46,16 @@ TEST(FullDisk, AVolumeFilledToItsEnd) {
         say(clinic.report().complete ? "report complete" : "report not complete");
         say(clinic.onlyBox().toStdString());
         examine("wrong after the report: ");
+        // The last byte is taken; a file of a new name is still made, but holds nothing.
+        QFile filler(clinic.path(u"tele"_s));
+        if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return 1;
+        while (filler.write(QByteArray(512, 'x')) > 0)
+            ;
+        const QByteArray setup = fileBytes(station.setup.path());
+        const int settings = faultNumberOf([&] { station.setup.setValue(u"VENY"_s, u"TOP"_s, u"7"_s); });
+        say("setup.ini " + std::to_string(settings) +
+            (fileBytes(station.setup.path()) == setup ? " as it was" : " changed"));
+        filler.remove();
         // With room again the work goes on: a scratch file that is no longer needed is given up.
         QFile::remove(clinic.path(u"td2.mdb"_s));
         QFile::remove(clinic.path(u"osszedata.mdb"_s));
@@ -56,10 +66,32 @@ TEST(FullDisk, AVolumeFilledToItsEnd) {
     const std::vector<std::string> said = clerk.lines();
     if (clerk.exitCode() == ChildProcess::notAllowed) GTEST_SKIP() << "no volume may be mounted here";
     ASSERT_EQ(clerk.exitCode(), 0);
-    ASSERT_EQ(said.size(), 3U) << testing::PrintToString(said);
+    ASSERT_EQ(said.size(), 4U) << testing::PrintToString(said);
     EXPECT_EQ(said[0], "store " + std::to_string(fault::dataFileFull));
     EXPECT_EQ(said[1], "report not complete");
     EXPECT_EQ(said[2].find("Hiba történt"), 0U) << said[2];
+    EXPECT_EQ(said[3], "setup.ini " + std::to_string(fault::diskFull) + " as it was");
+}
+
+// A file that cannot be read is not replaced by the one section that was just written.
+TEST(Unwritable, SettingsThatCannotBeRead) {
+    TestWorkstation station;
+    const IniFile& setup = station.workstation.setup;
+    setup.setValue(u"VENY"_s, u"TOP"_s, u"7"_s);
+    const QByteArray before = fileBytes(setup.path());
+    ASSERT_EQ(chmod(QFile::encodeName(station.directory.path()).constData(), 0777), 0);
+    ASSERT_EQ(chmod(QFile::encodeName(setup.path()).constData(), 0222), 0);
+    ChildProcess clerk([&](const Say& say) {
+        constexpr uid_t nobody = 65534;
+        if (getuid() == 0 && (setgid(nobody) != 0 || setuid(nobody) != 0)) return ChildProcess::notAllowed;
+        say(std::to_string(faultNumberOf([&] { setup.setValue(u"KJELO"_s, u"Login"_s, u"x"_s); })));
+        return 0;
+    });
+    const std::vector<std::string> said = clerk.lines();
+    if (clerk.exitCode() == ChildProcess::notAllowed) GTEST_SKIP() << "the user cannot be changed here";
+    EXPECT_EQ(said, std::vector{std::to_string(fault::pathAccess)});
+    ASSERT_EQ(chmod(QFile::encodeName(setup.path()).constData(), 0644), 0);
+    EXPECT_EQ(fileBytes(setup.path()), before);
 }
 
 // Rights bind a user who is not the administrator: the process gives its own up.

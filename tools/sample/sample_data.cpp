@@ -72,7 +72,6 @@ void fillSampleData(DataFiles& files) {
     Database& data = files[DataFile::tetdata];
     Transaction transaction(data);
     data.execute("update Gepazonosito set Gepazon = 'A01'");
-    data.execute("update EGYEBPAR set Attunes = 0");
     transaction.commit();
 }
 

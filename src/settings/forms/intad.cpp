@@ -177,8 +177,8 @@ void intad::store() {
         return;
     }
     storeInstitution(station(), typed);
-    m_status->setText(u" Adatok tárolása megtörtént!"_s);
     storeLogin(station(), typed);
+    m_status->setText(u" Adatok tárolása megtörtént!"_s);
 }
 
 void intad::keyPressEvent(QKeyEvent* event) {

@@ -198,7 +198,7 @@ TEST(MainWindow, FirstActivationInOrderWithTheHiddenList) {
     test.dialogue.expectQuestion(institutionQuestion, Answer::yes);
     shell.show();
     EXPECT_EQ(shell.window.windowTitle(), u"Vandrel Járóbeteg program v2.25"_s);
-    EXPECT_EQ(shell.steps, words(u"see-through instance"_s));
+    EXPECT_EQ(shell.steps, words(u"solid instance"_s));
     EXPECT_EQ(shell.opened, QStringList({u"int"_s}));
     EXPECT_EQ(shell.window.findChild<QLineEdit*>(u"datum"_s)->text(), u"2008.04.03."_s);
     EXPECT_EQ(shell.window.findChild<QLineEdit*>(u"ido"_s)->text(), u"14:05"_s);
@@ -310,7 +310,7 @@ TEST(MainWindow, SecondInstanceEndsWhateverIsAnswered) {
         test.dialogue.expectQuestion(u"A program már fut egy példányban!"_s, answer, u"Figyelmeztetés"_s,
                                      Icon::critical);
         shell.show(); // the institution, a later step, is not asked for
-        EXPECT_EQ(shell.steps, words(u"see-through instance end"_s));
+        EXPECT_EQ(shell.steps, words(u"solid instance end"_s));
         EXPECT_FALSE(shell.window.isVisible());
     }
 }
@@ -318,9 +318,11 @@ TEST(MainWindow, SecondInstanceEndsWhateverIsAnswered) {
 TEST(MainWindow, SeeThroughThatFailsIsSwitchedOff) {
     TestWorkstation test;
     fillInstitution(test);
+    test.data().execute("update EGYEBPAR set Attunes=1");
     Shell shell(test.workstation);
     shell.seeThroughWorks = false;
     shell.show();
+    EXPECT_EQ(shell.steps.value(0), u"see-through"_s);
     EXPECT_EQ(firstText(test.data(), "select Attunes from EGYEBPAR"), u"0"_s);
     EXPECT_FALSE(test.workstation.Attunes);
 }
