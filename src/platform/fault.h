@@ -24,6 +24,7 @@ inline constexpr int permissionDenied = 70; // another program holds the file
 inline constexpr int diskNotReady = 71;
 inline constexpr int pathAccess = 75; // read-only file or folder
 inline constexpr int pathNotFound = 76;
+inline constexpr int webService = 440; // a web service that does not do what it says
 inline constexpr int noPrinter = 482;
 inline constexpr int noCurrentRecord = 3021;
 inline constexpr int dataFileMissing = 3024;
