@@ -141,6 +141,9 @@ class Reader {
         QString style = m_style;
         if (const XmlNode* details = bound.child(soap, u"operation"_s)) {
             result.soapAction = details->attribute(u"soapAction"_s).toUtf8();
+            // It goes into a header line.
+            require(std::none_of(result.soapAction.begin(), result.soapAction.end(),
+                                 [](char c) { return c == '"' || (c >= 0 && c < ' '); }));
             const QString own = details->attribute(u"style"_s);
             if (!own.isEmpty()) style = own;
         }

@@ -119,6 +119,7 @@ QByteArray writeSoapRequest(const ServiceOperation& operation, const MyHeaders& 
         writer.writeNamespace(xsd, u"xsd"_s);
         writer.writeNamespace(xsi, u"xsi"_s);
     }
+    if (!operation.wrapper.nameSpace.isEmpty()) writer.writeNamespace(operation.wrapper.nameSpace, u"m"_s);
     writer.writeStartElement(envelope, u"Envelope"_s);
     if (headers.IHeaderHandler_WillWriteHeaders()) {
         writer.writeStartElement(envelope, u"Header"_s);
@@ -134,8 +135,6 @@ QByteArray writeSoapRequest(const ServiceOperation& operation, const MyHeaders& 
             writer.writeStartElement(name.nameSpace, name.local);
     };
     if (wrapped) {
-        if (!operation.wrapper.nameSpace.isEmpty())
-            writer.writeNamespace(operation.wrapper.nameSpace, u"m"_s);
         start(operation.wrapper);
         if (operation.encoded) writer.writeAttribute(envelope, u"encodingStyle"_s, encoding);
     }

@@ -115,6 +115,10 @@ void assign(QStringList& lines, const QString& section, const QString& key, cons
 } // namespace
 
 QString IniFile::value(const QString& section, const QString& key) const {
+    return longValue(section, key).left(bufferCharacters);
+}
+
+QString IniFile::longValue(const QString& section, const QString& key) const {
     const QStringList lines = readLines(m_path);
     const Range range = findSection(lines, section);
     if (range.first < 0) return {};
@@ -124,7 +128,7 @@ QString IniFile::value(const QString& section, const QString& key) const {
         if (value.size() >= 2 && (value.front() == '"'_L1 || value.front() == '\''_L1) &&
             value.back() == value.front())
             value = value.mid(1, value.size() - 2);
-        return value.left(bufferCharacters);
+        return value;
     }
     return {};
 }

@@ -19,6 +19,9 @@ class IniFile {
     // done; nothing relies on longer values.
     QString value(const QString& section, const QString& key) const;
 
+    // The same without the cut, for keys that are this program's own.
+    QString longValue(const QString& section, const QString& key) const;
+
     using Values = std::vector<std::pair<QString, QString>>; // key and value
 
     // Writes keys and leaves every other line as it is. The file is replaced whole or not at all; a file that
