@@ -3,6 +3,7 @@
 #include "foundation/look_ups.h"
 
 #include "foundation/prefix_search.h"
+#include "foundation/row_values.h"
 
 using namespace Qt::StringLiterals;
 
@@ -119,9 +120,8 @@ int weekOf(QDate date, QDate today) {
 }
 
 QString workstationLabel(Workstation& station) {
-    Query row =
-        station.files[DataFile::tetdata].query("select Gepazon from Gepazonosito order by rowid limit 1");
-    const QString label = row.next() ? row.text(0) : QString();
+    const std::optional<Query> row = firstRow(station.files[DataFile::tetdata], "Gepazonosito", "Gepazon");
+    const QString label = row ? row->text(0) : QString();
     return label.trimmed().isEmpty() ? QString() : label;
 }
 

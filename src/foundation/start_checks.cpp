@@ -1,5 +1,7 @@
 #include "foundation/start_checks.h"
 
+#include "foundation/row_values.h"
+
 #include <array>
 #include <optional>
 
@@ -67,8 +69,8 @@ bool VerzioEllenorzesek(Workstation& station) {
 
 void readAttunes(Workstation& station) {
     try {
-        Query first = station.files[DataFile::tetdata].query("select Attunes from EGYEBPAR order by rowid");
-        station.Attunes = !first.next() || first.isNull(0) || first.integer(0) != 0;
+        const std::optional<Query> first = firstRow(station.files[DataFile::tetdata], "EGYEBPAR", "Attunes");
+        station.Attunes = !first || first->isNull(0) || first->integer(0) != 0;
     } catch (const Fault&) {
         // How the windows look is no reason to keep anybody from the work.
     }
@@ -76,8 +78,8 @@ void readAttunes(Workstation& station) {
 
 void clearAttunes(Workstation& station) {
     try {
-        station.files[DataFile::tetdata].execute(
-            "update EGYEBPAR set Attunes = 0 where rowid = (select min(rowid) from EGYEBPAR)");
+        const ColumnValue off{"Attunes", qint64(0)};
+        updateFirstRow(station.files[DataFile::tetdata], "EGYEBPAR", {&off, 1});
     } catch (const Fault&) {
         // As above; the next activation tries again.
     }
@@ -97,8 +99,8 @@ InstitutionAnswer checkInstitution(Workstation& station, QStringList& warnings) 
 void checkFirstStart(Workstation& station, QStringList& warnings) {
     Database& data = station.files[DataFile::tetdata];
     {
-        Query flag = data.query("select Elso_inditas from Beallitasok order by rowid");
-        if (!flag.next() || flag.integer(0) == 0) return;
+        const std::optional<Query> flag = firstRow(data, "Beallitasok", "Elso_inditas");
+        if (!flag || flag->integer(0) == 0) return;
     }
     Database& dictionaries = station.files[DataFile::tetmod];
     if (!hasRecord(dictionaries, "select 1 from Orvosok"))
@@ -107,8 +109,8 @@ void checkFirstStart(Workstation& station, QStringList& warnings) {
     if (!hasRecord(dictionaries, "select 1 from Szakrend"))
         warnings << u"Szakrendelő kódok nincsenek kitöltve! Kitöltés: Szerviz "
                     "tevékenységek->Adatbázisok karbantartása->Szakrendelő kódszótár"_s;
-    data.execute(
-        "update Beallitasok set Elso_inditas = 0 where rowid = (select min(rowid) from Beallitasok)");
+    const ColumnValue started{"Elso_inditas", qint64(0)};
+    updateFirstRow(data, "Beallitasok", {&started, 1});
 }
 
 } // namespace vandrel

@@ -8,8 +8,7 @@
 
 namespace vandrel {
 
-// --- once, before the main window stands
-// ---------------------------------------------------------------------
+// --- once, before the main window is shown -----------------------------------------------------------------
 
 // Examines the data files that the daily work needs. Every fault found is told, naming its file. False: the
 // program cannot run (a file, table or column is missing, or a file is damaged). A missing TAJKapu.mdb is
@@ -21,8 +20,7 @@ bool examineDataFiles(Workstation& station);
 // named TAJ. A file that cannot be opened counts as good here.
 bool VerzioEllenorzesek(Workstation& station);
 
-// --- at every activation of the main window
-// -------------------------------------------------------------------
+// --- at every activation of the main window ----------------------------------------------------------------
 
 // See-through windows, from the first record of EGYEBPAR: Null and an empty table are True. A fault is not
 // shown and leaves the value that the workstation holds.

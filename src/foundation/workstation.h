@@ -20,6 +20,7 @@ namespace vandrel {
 using namespace Qt::StringLiterals;
 
 struct PrintEngine; // the print room's; only carried here
+struct StoreSteps;  // the sheet room's; only carried here
 
 struct Workstation {
     Workstation(const QString& programFolder, Dialogue& dialogueToUse, const Clock& clockToUse,
@@ -33,9 +34,10 @@ struct Workstation {
     Dialogue& dialogue;
     const Clock& clock;
     Packer& packer;
-    PrintEngine* printing = nullptr;   // set by the program before any form opens
-    StatusNote* statusNote = nullptr;  // null: no window, the notes go nowhere
-    std::function<void()> serveEvents; // one turn of the event loop; empty without a window
+    PrintEngine* printing = nullptr;        // set by the program before any form opens
+    const StoreSteps* storeSteps = nullptr; // what other rooms write with a sheet; null: nothing
+    StatusNote* statusNote = nullptr;       // null: no window, the notes go nowhere
+    std::function<void()> serveEvents;      // one turn of the event loop; empty without a window
     // How often a long run calls it; 0: wherever a turn could be due.
     std::chrono::milliseconds turnEvery{20};
 

@@ -1,10 +1,12 @@
 #include "sheet/counters.h"
 
 #include "foundation/look_ups.h"
+#include "foundation/row_values.h"
 #include "platform/format.h"
 
 #include <cmath>
 #include <limits>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -18,9 +20,8 @@ constexpr int keyLength = labelLength + numberLength;
 constexpr qint64 lastNumber = 9'999'999;
 
 QString lastKey(Workstation& station) {
-    Query row =
-        station.files[DataFile::tetdata].query("select END_AZON from AZONOSIT order by rowid limit 1");
-    return row.next() ? row.text(0) : QString();
+    const std::optional<Query> row = firstRow(station.files[DataFile::tetdata], "AZONOSIT", "END_AZON");
+    return row ? row->text(0) : QString();
 }
 
 // The key that the next new sheet gets; empty when the numbers are used up or the last key is no key.
@@ -34,8 +35,8 @@ QString nextKey(Workstation& station) {
     }
 }
 
-// Moves the counters behind one sheet, as its store would have done.
-void moveBehind(Workstation& station, const QString& key) {
+// Moves the counters past one sheet, as its store would have done.
+void movePast(Workstation& station, const QString& key) {
     QString unit, doctor, journal;
     {
         Query row = station.files[DataFile::tetdata].query(
@@ -84,9 +85,11 @@ qint64 journalNumber(const QString& journal) {
 void advanceCounters(Workstation& station, const QString& key, const QString& unit, const QString& doctor,
                      qint64 journal) {
     Database& data = station.files[DataFile::tetdata];
-    if (data.execute("update AZONOSIT set END_AZON=?1 where rowid=(select min(rowid) from AZONOSIT)", key) ==
-        0)
-        data.execute("insert into AZONOSIT (END_AZON, Tp_naplo) values (?1, 0)", key);
+    const ColumnValue last{"END_AZON", key};
+    if (!updateFirstRow(data, "AZONOSIT", {&last, 1})) {
+        const ColumnValue first[] = {last, {"Tp_naplo", qint64(0)}};
+        insertRow(data, "AZONOSIT", first);
+    }
 
     std::optional<qint64> row;
     {
@@ -94,30 +97,32 @@ void advanceCounters(Workstation& station, const QString& key, const QString& un
                                  unit.trimmed());
         if (found.next()) row = found.integer(0);
     }
-    std::optional<QString> lastDoctor;
+    RowValue lastDoctor = LeftAlone{};
     if (!doctor.trimmed().isEmpty()) lastDoctor = doctor;
-    if (row)
-        // TN, the last sick-pay journal number, is left alone.
-        data.execute("update [DEFAULT] set SZAKREND=?1, ORVKOD=ifnull(?2,ORVKOD), NAPLO=?3 where rowid=?4",
-                     unit.trimmed(), lastDoctor, journal, *row);
-    else
-        // TN starts with the sheet's sick-pay journal number once sheets carry one; till then it is 0.
-        data.execute("insert into [DEFAULT] (SZAKREND, ORVKOD, NAPLO, TN) values (?1, ?2, ?3, 0)",
-                     unit.trimmed(), lastDoctor, journal);
+    std::vector<ColumnValue> values = {
+        {"SZAKREND", unit.trimmed()}, {"ORVKOD", lastDoctor}, {"NAPLO", journal}};
+    if (row) {
+        updateRow(data, "DEFAULT", *row, values); // TN, the last sick-pay journal number, is left alone
+    } else {
+        values.push_back({"TN", qint64(0)});
+        insertRow(data, "DEFAULT", values);
+    }
 }
 
 void repairCounters(Workstation& station) {
     QString last = lastKey(station);
     QString key = nextKey(station);
-    // Without a label the number is read behind the key's third digit and comes round again one day: such a
+    // Without a label the number is read after the key's third digit and comes round again one day: such a
     // key was given long ago, not by a broken store.
     const auto lost = [&] {
         return !key.isEmpty() && (key.size() == keyLength || key > last) && sheetStored(station, key);
     };
-    if (!lost()) return; // the normal start writes nothing
+    if (!lost()) return; // the usual case writes nothing
     Transaction transaction(station.files[DataFile::tetdata]);
+    last = lastKey(station); // another program may have moved them while this one waited for the file
+    key = nextKey(station);
     while (lost()) {
-        moveBehind(station, key);
+        movePast(station, key);
         last = key;
         key = nextKey(station);
     }

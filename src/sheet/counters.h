@@ -25,7 +25,8 @@ void advanceCounters(Workstation& station, const QString& key, const QString& un
                      qint64 journal);
 
 // A store that was broken off between writing the sheet and moving the counters (a power cut) leaves END_AZON
-// before its own last sheet: called once at start, moves the counters past it, so that no key is given twice.
+// before its own last sheet: moves the counters past it, so that no key is given twice. Runs at start and
+// before each new sheet.
 void repairCounters(Workstation& station);
 
 } // namespace vandrel

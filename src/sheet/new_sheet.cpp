@@ -40,6 +40,7 @@ SheetFields defaults() {
 } // namespace
 
 SheetFields makeNewSheet(Workstation& station) {
+    repairCounters(station);
     SheetFields fields = defaults();
     const QDateTime now = station.clock.now();
     fields.F_datum = format::shortDate(now.date());
@@ -60,6 +61,11 @@ SheetFields makeNewSheet(Workstation& station) {
     const QString label = workstationLabel(station);
     if (label.isEmpty()) station.dialogue.tell(u"Üres a gépazonosító!"_s);
     fields.Azonosito = label + number;
+    if (sheetStored(station, fields.Azonosito))
+        throw Fault(fault::dataConversion,
+                    u"A következő azonosító (%1) már egy eltárolt adatlapé. Adjon meg új, három jegyű "
+                    "gépazonosítót (Szerviz tevékenységek->Gépazonosító), és nyisson új adatlapot!"_s.arg(
+                        fields.Azonosito));
     return fields;
 }
 

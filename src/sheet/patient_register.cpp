@@ -2,7 +2,11 @@
 #include "sheet/patient_register.h"
 
 #include "foundation/prefix_search.h"
+#include "foundation/row_values.h"
 #include "platform/format.h"
+
+#include <string>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -12,34 +16,36 @@ namespace {
 
 struct RegisterField {
     const char* column;
-    const QString SheetFields::*member;
-    const char* select;
-    const char* update;
+    QString SheetFields::*sheet;
+    QString Patient::*patient;
 };
-
-#define VANDREL_REGISTER(column, member)                                                                     \
-    {                                                                                                        \
-        column, &SheetFields::member, "select " column " from Paciensek where rowid=?1",                     \
-            "update Paciensek set " column "=?1 where rowid=?2"                                              \
-    }
 
 // In the order in which a store compares and writes them. The TAJ is what the row was found by.
 constexpr RegisterField registerFields[] = {
-    VANDREL_REGISTER("Neve", Neve),
-    VANDREL_REGISTER("Irszam", Irszam),
-    VANDREL_REGISTER("City", City),
-    VANDREL_REGISTER("Cim", Cim),
-    VANDREL_REGISTER("Allampol_rov", Allampol_rov),
-    VANDREL_REGISTER("Anyja_neve", Anyja_neve),
-    VANDREL_REGISTER("Leanykori_neve", Leanykori_neve),
-    VANDREL_REGISTER("KgySzam", KgySzam),
-    VANDREL_REGISTER("KgyLe", KgyLe),
-    VANDREL_REGISTER("Azon_Tipus", Azon_tipus),
-    VANDREL_REGISTER("Nem", Nem),
-    VANDREL_REGISTER("Szul_Dat", Szul_dat),
+    {"Neve", &SheetFields::Neve, &Patient::Neve},
+    {"Irszam", &SheetFields::Irszam, &Patient::Irszam},
+    {"City", &SheetFields::City, &Patient::City},
+    {"Cim", &SheetFields::Cim, &Patient::Cim},
+    {"Allampol_rov", &SheetFields::Allampol_rov, &Patient::Allampol_rov},
+    {"Anyja_neve", &SheetFields::Anyja_neve, &Patient::Anyja_neve},
+    {"Leanykori_neve", &SheetFields::Leanykori_neve, &Patient::Leanykori_neve},
+    {"KgySzam", &SheetFields::KgySzam, &Patient::KgySzam},
+    {"KgyLe", &SheetFields::KgyLe, &Patient::KgyLe},
+    {"Azon_Tipus", &SheetFields::Azon_tipus, &Patient::Azon_tipus},
+    {"Nem", &SheetFields::Nem, &Patient::Nem},
+    {"Szul_Dat", &SheetFields::Szul_dat, &Patient::Szul_dat},
 };
 
-#undef VANDREL_REGISTER
+// ID, TAJ and the fields above, of one row.
+const std::string& selectPatient() {
+    static const std::string sql = [] {
+        std::string columns = "select ID, TAJ";
+        for (const RegisterField& field : registerFields)
+            columns += std::string(", ") + field.column;
+        return columns + " from Paciensek where rowid=?1";
+    }();
+    return sql;
+}
 
 } // namespace
 
@@ -48,27 +54,20 @@ std::optional<Patient> findPatientByPrefix(Workstation& station, const QString& 
     Database& data = station.files[DataFile::tetdata];
     const std::optional<qint64> found = firstRowStartingWith(data, "Paciensek", "TAJ", typed);
     if (!found) return std::nullopt;
-    Query row = data.query("select ID, TAJ, Neve, Irszam, Cim, Allampol_rov, Anyja_neve, Leanykori_neve, "
-                           "KgySzam, KgyLe, Azon_Tipus, Nem, Szul_Dat from Paciensek where rowid=?1",
-                           *found);
+    Query row = data.query(selectPatient(), *found);
     if (!row.next()) return std::nullopt;
     Patient patient;
     patient.id = row.integer(0);
     patient.Taj = row.text(1);
-    patient.Neve = row.text(2);
-    patient.Irszam = row.text(3);
-    patient.Cim = row.text(4);
-    patient.Allampol_rov = row.text(5);
-    patient.Anyja_neve = row.text(6);
-    patient.Leanykori_neve = row.text(7);
-    patient.KgySzam = row.text(8);
+    int column = 1;
+    for (const RegisterField& field : registerFields)
+        patient.*field.patient = row.text(++column);
     // The first versions wrote an empty expiry with underscores.
-    const QString expiry = row.text(9);
-    patient.KgyLe = expiry.trimmed().isEmpty() || expiry == "____.__.__."_L1 ? format::emptyDate : expiry;
-    patient.Azon_tipus = row.text(10).left(1);
-    patient.Nem = row.text(11).left(1);
-    const QString birth = row.text(12);
-    patient.Szul_dat = birth.trimmed().isEmpty() ? format::emptyDate : birth;
+    if (patient.KgyLe.trimmed().isEmpty() || patient.KgyLe == "____.__.__."_L1)
+        patient.KgyLe = format::emptyDate;
+    patient.Azon_tipus.truncate(1);
+    patient.Nem.truncate(1);
+    if (patient.Szul_dat.trimmed().isEmpty()) patient.Szul_dat = format::emptyDate;
     return patient;
 }
 
@@ -87,39 +86,44 @@ qint64 addPatient(Workstation& station, const SheetFields& fields) {
     Database& data = station.files[DataFile::tetdata];
     qint64 id = 0;
     {
-        Query last = data.query("select UTPaciens from Utolsok order by rowid limit 1");
-        if (!last.next())
+        const std::optional<Query> last = firstRow(data, "Utolsok", "UTPaciens");
+        if (!last)
             throw Fault(fault::noCurrentRecord,
                         u"Üres az Utolsok tábla: nem adható új sorszám a páciensnek!"_s);
-        id = last.integer(0) + 1;
+        id = last->integer(0) + 1;
     }
-    data.execute("insert into Paciensek (ID, TAJ) values (?1, ?2)", id, fields.Szem_szam.trimmed());
-    const qint64 row = data.lastRowId();
+    std::vector<ColumnValue> values = {{"ID", id}, {"TAJ", fields.Szem_szam.trimmed()}};
     for (const RegisterField& field : registerFields)
-        data.execute(field.update, fields.*field.member, row);
-    data.execute("update Utolsok set UTPaciens=?1 where rowid=(select min(rowid) from Utolsok)", id);
+        values.push_back({field.column, fields.*field.sheet});
+    insertRow(data, "Paciensek", values);
+    const ColumnValue last{"UTPaciens", id};
+    updateFirstRow(data, "Utolsok", {&last, 1});
     return id;
 }
 
 void updatePatient(Workstation& station, const SheetFields& fields) {
     Database& data = station.files[DataFile::tetdata];
-    qint64 row = 0;
+    qint64 rowid = 0;
+    std::vector<ColumnValue> changed;
     {
         Query found = data.query("select rowid from Paciensek where TAJ=?1 order by rowid limit 1",
                                  fields.Szem_szam.trimmed());
         if (!found.next()) return;
-        row = found.integer(0);
+        rowid = found.integer(0);
     }
-    for (const RegisterField& field : registerFields) {
-        std::optional<QString> stored;
-        {
-            Query value = data.query(field.select, row);
-            if (value.next()) stored = value.optionalText(0);
+    {
+        Query stored = data.query(selectPatient(), rowid);
+        if (!stored.next()) return;
+        int column = 1;
+        for (const RegisterField& field : registerFields) {
+            // Compared letter by letter: "kovács" mended to "Kovács" is a change.
+            const std::optional<QString> before = stored.optionalText(++column);
+            const QString& typed = fields.*field.sheet;
+            if (!before || before->trimmed() != typed.trimmed()) changed.push_back({field.column, typed});
         }
-        // Compared letter by letter: "kovács" mended to "Kovács" is a change.
-        const QString& typed = fields.*field.member;
-        if (!stored || stored->trimmed() != typed.trimmed()) data.execute(field.update, typed, row);
     }
+    for (const ColumnValue& value : changed)
+        updateRow(data, "Paciensek", rowid, {&value, 1});
 }
 
 } // namespace vandrel

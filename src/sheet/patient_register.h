@@ -10,8 +10,8 @@ namespace vandrel {
 
 struct Patient {
     qint64 id = 0;
-    QString Taj, Neve, Irszam, Cim, Allampol_rov, Anyja_neve, Leanykori_neve, KgySzam, KgyLe, Azon_tipus, Nem,
-        Szul_dat;
+    QString Taj, Neve, Irszam, City, Cim, Allampol_rov, Anyja_neve, Leanykori_neve, KgySzam, KgyLe,
+        Azon_tipus, Nem, Szul_dat;
 };
 
 // First patient in the table's order whose TAJ begins with the text; nullopt when none does or the text is

@@ -12,15 +12,13 @@ namespace vandrel {
 
 namespace {
 
-constexpr qsizetype longestQuantity = 9; // digits; what the table's whole number holds in any case
+constexpr qsizetype longestQuantity = 2; // digits: the width of its column in the reports
 
-qint64 quantityNumber(const QString& quantity) {
+// nullopt for what the table or a report would refuse later, when nobody knows the line any more.
+std::optional<qint64> quantityNumber(const QString& quantity) {
     const QString digits = quantity.trimmed();
     const bool whole = std::ranges::all_of(digits, [](QChar c) { return c >= u'0' && c <= u'9'; });
-    if (!whole || digits.size() > longestQuantity)
-        throw Fault(
-            fault::dataConversion,
-            u"A mennyiség csak egész szám lehet, legfeljebb 9 számjeggyel: %1"_s.arg(digits.left(40)));
+    if (!whole || digits.size() > longestQuantity) return std::nullopt;
     return digits.toLongLong();
 }
 
@@ -39,7 +37,7 @@ AddLineOutcome addProcedureLine(Workstation& station, const QString& sheetKey, c
                                 const QString& quantity, const QString& character) {
     if (quantity.trimmed().isEmpty()) {
         station.dialogue.tell(u"Mennyiség kitöltése kötelező!"_s);
-        return AddLineOutcome::quantityMissing;
+        return AddLineOutcome::quantityRefused;
     }
     if (character.trimmed().isEmpty()) {
         station.dialogue.tell(u"Jelleg kitöltése kötelező!"_s);
@@ -50,10 +48,14 @@ AddLineOutcome addProcedureLine(Workstation& station, const QString& sheetKey, c
         station.dialogue.tell(u"Nincs ilyen kód a beavatkozás törzsben!"_s, u"Hiba"_s);
         return AddLineOutcome::codeUnknown;
     }
-    const qint64 number = quantityNumber(quantity);
+    const std::optional<qint64> number = quantityNumber(quantity);
+    if (!number) {
+        station.dialogue.tell(u"A mennyiség csak egész szám lehet, legfeljebb két számjeggyel!"_s, u"Hiba"_s);
+        return AddLineOutcome::quantityRefused;
+    }
     station.files[DataFile::tetdata].execute(
         "insert into EUSZOLG (Azonosito, BEAV, MENNY, BeavJelleg) values (?1, ?2, ?3, ?4)", sheetKey, *known,
-        number, character);
+        *number, character);
     return AddLineOutcome::added;
 }
 

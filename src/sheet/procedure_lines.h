@@ -17,9 +17,9 @@ struct ProcedureLine {
 std::vector<ProcedureLine> procedureLines(Workstation& station, const QString& sheetKey);
 
 // Which field the focus goes to after adding.
-enum class AddLineOutcome { added, quantityMissing, characterMissing, codeUnknown };
-// Checks in order with their messages, then adds at the end. Fault dataConversion for a quantity that the
-// table refuses: it holds whole numbers ("1,5" is typed in vain). Faults of the data file pass through.
+enum class AddLineOutcome { added, quantityRefused, characterMissing, codeUnknown };
+// Checks in order with their messages, then adds at the end. The quantity is a whole number of one or two
+// digits ("1,5" can be typed, but is refused here). Faults of the data file pass through.
 AddLineOutcome addProcedureLine(Workstation& station, const QString& sheetKey, const QString& code,
                                 const QString& quantity, const QString& character);
 // Asks first; true when the line was deleted. rowid below or equal 0: nothing is marked.

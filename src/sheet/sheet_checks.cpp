@@ -11,47 +11,48 @@ namespace vandrel {
 namespace {
 
 template<auto member>
-bool empty(Workstation&, const SheetFields& fields) {
-    return (fields.*member).trimmed().isEmpty();
+bool empty(Workstation&, const SheetRecord& record) {
+    return (record.fields.*member).trimmed().isEmpty();
 }
 
 // The empty mask passes here: the next check has a message of its own for it.
-bool birthDateWrong(Workstation&, const SheetFields& fields) {
-    return fields.Szul_dat != format::emptyDate && !format::parseDate(fields.Szul_dat);
+bool birthDateWrong(Workstation&, const SheetRecord& record) {
+    return record.fields.Szul_dat != format::emptyDate && !format::parseDate(record.fields.Szul_dat);
 }
 
-bool birthDateMissing(Workstation&, const SheetFields& fields) {
-    return fields.Szul_dat == format::emptyDate;
+bool birthDateMissing(Workstation&, const SheetRecord& record) {
+    return record.fields.Szul_dat == format::emptyDate;
 }
 
-bool partFeeMissing(Workstation&, const SheetFields& fields) {
-    return equalTexts(fields.Terites.trimmed(), u"0R") && fields.TerReszlDij.trimmed().isEmpty();
+bool partFeeMissing(Workstation&, const SheetRecord& record) {
+    return equalTexts(record.fields.Terites.trimmed(), u"0R") &&
+           record.fields.TerReszlDij.trimmed().isEmpty();
 }
 
-bool timeMissing(Workstation&, const SheetFields& fields) {
-    return fields.F_ido.trimmed() == u":";
+bool timeMissing(Workstation&, const SheetRecord& record) {
+    return record.fields.F_ido.trimmed() == u":";
 }
 
-bool timeShort(Workstation&, const SheetFields& fields) {
-    return fields.F_ido.trimmed().size() < 5;
+bool timeShort(Workstation&, const SheetRecord& record) {
+    return record.fields.F_ido.trimmed().size() < 5;
 }
 
-// Compares with zero, not with one, and is wanted so: a count is never below zero, so a sheet without any
-// procedure line can be stored.
-bool linesBelowZero(Workstation& station, const SheetFields& fields) {
+// Deliberate: compares with zero, not with one. A count is never below zero, so a sheet without any procedure
+// line can be stored.
+bool linesBelowZero(Workstation& station, const SheetRecord& record) {
     Query lines = station.files[DataFile::tetdata].query("select count(*) from EUSZOLG where Azonosito=?1",
-                                                         fields.Azonosito);
+                                                         record.fields.Azonosito);
     return lines.next() && lines.integer(0) < 0;
 }
 
-bool euSheetIncomplete(Workstation&, const SheetFields& fields) {
-    return fields.EU_LAP.trimmed() == u"1" &&
-           (fields.BIZT_ORSZ.trimmed().isEmpty() || fields.CS_NEV.trimmed().isEmpty() ||
-            fields.KER_NEV.trimmed().isEmpty() || fields.BIZT_SZAM.trimmed().isEmpty());
+bool euSheetIncomplete(Workstation&, const SheetRecord& record) {
+    return record.fields.EU_LAP.trimmed() == u"1" &&
+           (record.euSheet.BIZT_ORSZ.trimmed().isEmpty() || record.euSheet.CS_NEV.trimmed().isEmpty() ||
+            record.euSheet.KER_NEV.trimmed().isEmpty() || record.euSheet.BIZT_SZAM.trimmed().isEmpty());
 }
 
 using F = SheetFields;
-constexpr OrderedCheck<Workstation&, const SheetFields&> checks[] = {
+constexpr OrderedCheck<Workstation&, const SheetRecord&> checks[] = {
     {empty<&F::Irszam>, u"Lakcím-Város nincs kitöltve!", "Irszam"},
     {empty<&F::Szakrend>, u"Szakrendelés nincs kitöltve!", "Szakrend"},
     {empty<&F::Szem_szam>, u"TAJ szám nincs kitöltve!", "Szem_szam"},
@@ -76,8 +77,8 @@ constexpr OrderedCheck<Workstation&, const SheetFields&> checks[] = {
 
 } // namespace
 
-std::optional<CheckFailure> checkSheet(Workstation& station, const SheetFields& fields) {
-    return firstFailure(checks, station, fields);
+std::optional<CheckFailure> checkSheet(Workstation& station, const SheetRecord& record) {
+    return firstFailure(checks, station, record);
 }
 
 } // namespace vandrel

@@ -3,7 +3,7 @@
 
 #include "foundation/checks.h"
 #include "foundation/workstation.h"
-#include "sheet/sheet_fields.h"
+#include "sheet/sheet_record.h"
 
 #include <optional>
 
@@ -11,6 +11,6 @@ namespace vandrel {
 
 // The first check that fails, in the checks' order; nullopt when the sheet may be stored. Faults of the data
 // file pass through.
-std::optional<CheckFailure> checkSheet(Workstation& station, const SheetFields& fields);
+std::optional<CheckFailure> checkSheet(Workstation& station, const SheetRecord& record);
 
 } // namespace vandrel

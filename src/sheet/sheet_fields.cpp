@@ -75,10 +75,6 @@ std::span<const SheetFieldName> sheetFieldNames() {
         VANDREL_FIELD(BEAV),
         VANDREL_FIELD(MENNY),
         VANDREL_FIELD(BeavJelleg),
-        VANDREL_FIELD(BIZT_ORSZ),
-        VANDREL_FIELD(CS_NEV),
-        VANDREL_FIELD(KER_NEV),
-        VANDREL_FIELD(BIZT_SZAM),
     };
     return names;
 }

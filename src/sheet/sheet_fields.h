@@ -27,8 +27,6 @@ struct SheetFields {
         KgyLe, Nem, Szul_dat;
     // procedure entry
     QString BEAV, MENNY, BeavJelleg;
-    // EU sheet fields that the store asks for
-    QString BIZT_ORSZ, CS_NEV, KER_NEV, BIZT_SZAM;
 };
 
 // A text field's name (its column's name, also the form's objectName) and its place in SheetFields.

@@ -1,6 +1,7 @@
 #include "sheet/sheet_settings.h"
 
 #include "foundation/institution_data.h"
+#include "foundation/row_values.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,15 +22,16 @@ InstitutionLines institutionLines(Workstation& station) {
 
 std::array<UserField, 5> userFields(Workstation& station) {
     std::array<UserField, 5> result;
-    Query row = station.files[DataFile::tetdata].query(
-        "select Felh1_nev, Felh2_nev, Felh3_nev, Felh4_nev, Felh5_nev, Felh1_hossz, Felh2_hossz, "
-        "Felh3_hossz, Felh4_hossz, Felh5_hossz from EGYEBPAR order by rowid limit 1");
-    if (!row.next()) return result;
+    const std::optional<Query> row =
+        firstRow(station.files[DataFile::tetdata], "EGYEBPAR",
+                 "Felh1_nev, Felh2_nev, Felh3_nev, Felh4_nev, Felh5_nev, Felh1_hossz, Felh2_hossz, "
+                 "Felh3_hossz, Felh4_hossz, Felh5_hossz");
+    if (!row) return result;
     for (int i = 0; i < 5; ++i) {
         UserField& field = result[static_cast<std::size_t>(i)];
         // Empty captions often hold one blank.
-        if (const QString caption = row.text(i); !caption.trimmed().isEmpty()) field.caption = caption;
-        field.length = static_cast<int>(row.integer(i + 5));
+        if (const QString caption = row->text(i); !caption.trimmed().isEmpty()) field.caption = caption;
+        field.length = static_cast<int>(row->integer(i + 5));
     }
     return result;
 }

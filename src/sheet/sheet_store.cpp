@@ -2,6 +2,7 @@
 // write, and no box stands while the data file is locked.
 #include "sheet/sheet_store.h"
 
+#include "foundation/row_values.h"
 #include "platform/format.h"
 #include "sheet/counters.h"
 #include "sheet/patient_register.h"
@@ -10,7 +11,6 @@
 
 #include <cmath>
 #include <limits>
-#include <variant>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -18,13 +18,6 @@ using namespace Qt::StringLiterals;
 namespace vandrel {
 
 namespace {
-
-// The values that the tables keep as numbers, read before anything is written.
-struct Numbers {
-    qint64 visitFee = 0; // forints, 16 bits
-    double partFee = 0;  // forints
-    qint64 journal = 0;  // of a new sheet only
-};
 
 // The amount as a 16-bit integer; an amount field that was never left may still be empty, which is 0.
 qint64 visitFee(const QString& text) {
@@ -46,42 +39,33 @@ double partFee(const QString& text) {
     return *value;
 }
 
-Numbers readNumbers(const SheetFields& fields) {
-    Numbers numbers;
-    numbers.visitFee = visitFee(fields.VizDijOsszeg);
-    numbers.partFee = partFee(fields.TerReszlDij);
-    if (!fields.correction) numbers.journal = journalNumber(fields.Naplo);
-    return numbers;
+void readNumbers(StoreRun& run) {
+    const SheetFields& fields = run.record.fields;
+    run.visitFee = visitFee(fields.VizDijOsszeg);
+    run.partFee = partFee(fields.TerReszlDij);
+    if (!fields.correction) run.journal = journalNumber(fields.Naplo);
 }
-
-// A column and what a store makes of it: a value, or nothing at all (Null in a new row, what it held in an
-// edited one).
-struct Stays {};
-struct Column {
-    const char* name;
-    std::variant<Stays, QString, qint64, double> value;
-};
 
 QString blankWhenEmpty(const QString& text) {
     return text.trimmed().isEmpty() ? u" "_s : text;
 }
 
-std::variant<Stays, QString, qint64, double> unless(bool stays, const QString& text) {
-    if (stays) return Stays{};
+RowValue unless(bool leftAlone, const QString& text) {
+    if (leftAlone) return LeftAlone{};
     return text;
 }
 
-std::vector<Column> sheetColumns(Workstation& station, const SheetFields& fields, const Numbers& numbers,
-                                 qint64 patientId) {
+std::vector<ColumnValue> sheetColumns(const StoreRun& run) {
+    const SheetFields& fields = run.record.fields;
     const auto date = [](const QString& mask) { return unless(mask == format::emptyDate, mask); };
-    const std::array<UserField, 5> users = userFields(station);
+    const std::array<UserField, 5> users = userFields(run.station);
     const auto user = [&](std::size_t i) {
         return unless(!users[i].inUse() || fields.Felh[i].trimmed().isEmpty(), fields.Felh[i]);
     };
     const QString taj = fields.Szem_szam.trimmed();
     return {
         {"AZONOSITO", fields.Azonosito},
-        {"PaciensId", patientId},
+        {"PaciensId", run.patientId},
         {"SZAKREND", fields.Szakrend},
         {"IGENYLO", blankWhenEmpty(fields.Igenylo)},
         {"BeutaloKelte", date(fields.BeutaloKelte)},
@@ -126,111 +110,124 @@ std::vector<Column> sheetColumns(Workstation& station, const SheetFields& fields
         // These two may be stored empty, unlike the others.
         {"BeutOrvos", fields.BeutOrvos},
         {"BeutIndok", fields.BeutIndok},
-        {"TerReszlDij", numbers.partFee},
+        {"TerReszlDij", run.partFee},
         {"ElszNyil", blankWhenEmpty(fields.ElszNyil)},
         {"Termen", blankWhenEmpty(fields.Termen)},
         {"VizitDij", blankWhenEmpty(fields.VizitDij)},
         {"VizitdijFizMod", blankWhenEmpty(fields.VizitdijFizMod)},
-        {"VizDijOsszeg", numbers.visitFee},
+        {"VizDijOsszeg", run.visitFee},
     };
 }
 
-// Adds a row, or edits the one given by its rowid.
-void writeSheet(Database& data, const std::vector<Column>& columns, std::optional<qint64> editedRow) {
-    std::vector<Column> written;
-    for (const Column& column : columns)
-        if (!std::holds_alternative<Stays>(column.value)) written.push_back(column);
-    std::string names, places, assignments;
-    for (std::size_t i = 0; i < written.size(); ++i) {
-        const std::string comma = i == 0 ? "" : ",";
-        const std::string place = '?' + std::to_string(i + 1);
-        names += comma + written[i].name;
-        places += comma + place;
-        assignments += comma + written[i].name + '=' + place;
-    }
-    const int last = static_cast<int>(written.size());
-    Query statement =
-        data.query(editedRow ? "update BETEG set " + assignments + " where rowid=?" + std::to_string(last + 1)
-                             : "insert into BETEG (" + names + ") values (" + places + ')');
-    for (int i = 0; i < last; ++i) {
-        const auto& value = written[static_cast<std::size_t>(i)].value;
-        if (const auto* text = std::get_if<QString>(&value)) statement.bind(i + 1, *text);
-        if (const auto* whole = std::get_if<qint64>(&value)) statement.bind(i + 1, *whole);
-        if (const auto* number = std::get_if<double>(&value)) statement.bind(i + 1, *number);
-    }
-    if (editedRow) statement.bind(last + 1, *editedRow);
-    statement.run();
+// Two sheets under one key would share their procedure lines in the reports. The next new sheet moves the
+// counters past the stored one.
+void refuseTakenKey(StoreRun& run) {
+    const SheetFields& fields = run.record.fields;
+    if (fields.correction || !sheetStored(run.station, fields.Azonosito)) return;
+    throw Fault(
+        fault::dataConversion,
+        u"Ezzel az azonosítóval (%1) már van eltárolt adatlap, még egyszer nem tárolható el. "
+        u"Lépjen ki az adatlapból: a következő új adatlap új azonosítót kap."_s.arg(fields.Azonosito));
 }
 
-// The row of a correction. Of a new sheet there must be none: two sheets under one key would share their
-// procedure lines in the reports.
-std::optional<qint64> rowToEdit(Workstation& station, const SheetFields& fields) {
-    if (!fields.correction) {
-        if (!sheetStored(station, fields.Azonosito)) return std::nullopt;
-        // An earlier store got as far as the sheet but not to the counters.
-        repairCounters(station);
-        throw Fault(
-            fault::dataConversion,
-            u"Ezzel az azonosítóval (%1) már van eltárolt adatlap, még egyszer nem tárolható el. "
-            u"Lépjen ki az adatlapból: a következő új adatlap új azonosítót kap."_s.arg(fields.Azonosito));
+void askForRegister(StoreRun& run) {
+    if (findPatientId(run.station, run.record.fields.Szem_szam)) return;
+    run.enterPatient = run.station.dialogue.ask(
+        u"Ilyen TAJ számú beteg nincs a Páciens törzsben!\nKivánja most rögzíteni?"_s, u"Kérdés"_s);
+}
+
+// Another program may have entered the patient while the question was shown. Not entered: the sheet goes on
+// with patient id 0.
+void writeRegister(StoreRun& run) {
+    const SheetFields& fields = run.record.fields;
+    if (const std::optional<qint64> known = findPatientId(run.station, fields.Szem_szam)) {
+        run.patientId = *known;
+        updatePatient(run.station, fields);
+    } else if (run.enterPatient) {
+        run.patientId = addPatient(run.station, fields);
     }
-    Query row = station.files[DataFile::tetdata].query(
-        "select rowid from BETEG where AZONOSITO=?1 order by rowid limit 1", fields.Azonosito);
-    if (!row.next())
+}
+
+void writeSheet(StoreRun& run) {
+    const SheetFields& fields = run.record.fields;
+    Database& data = run.station.files[DataFile::tetdata];
+    const std::vector<ColumnValue> columns = sheetColumns(run);
+    if (!fields.correction) {
+        insertRow(data, "BETEG", columns);
+        return;
+    }
+    std::optional<qint64> rowid;
+    {
+        Query row =
+            data.query("select rowid from BETEG where AZONOSITO=?1 order by rowid limit 1", fields.Azonosito);
+        if (row.next()) rowid = row.integer(0);
+    }
+    if (!rowid)
         throw Fault(fault::noCurrentRecord, u"Nem található a javítandó adatlap: %1"_s.arg(fields.Azonosito));
-    return row.integer(0);
+    updateRow(data, "BETEG", *rowid, columns);
+}
+
+struct OwnStep {
+    StoreTime time;
+    void (*run)(StoreRun&);
+};
+
+// Whether the key is free is asked before, so that nobody answers a question in vain, and again inside, where
+// no other program can take it any more.
+constexpr OwnStep ownSteps[] = {
+    {StoreTime::before, readNumbers},    {StoreTime::before, refuseTakenKey},
+    {StoreTime::before, askForRegister}, {StoreTime::inside, refuseTakenKey},
+    {StoreTime::inside, writeRegister},  {StoreTime::inside, writeSheet},
+};
+
+void runSteps(StoreTime time, StoreRun& run) {
+    for (const OwnStep& step : ownSteps)
+        if (step.time == time) step.run(run);
+    if (run.station.storeSteps == nullptr) return;
+    for (const StoreStep& step : run.station.storeSteps->offered)
+        if (step.time == time) step.run(run);
+}
+
+// What comes after the sheet is safe: its faults say that it is.
+template<class Work>
+void afterTheSheet(const QString& text, const Work& work) {
+    try {
+        work();
+    } catch (const Fault& fault) {
+        throw Fault(fault.number(), text.arg(fault.text()));
+    }
+}
+
+void moveCounters(const StoreRun& run) {
+    const SheetFields& fields = run.record.fields;
+    Transaction transaction(run.station.files[DataFile::tetdata]);
+    advanceCounters(run.station, fields.Azonosito, fields.Szakrend, fields.Orvkod, run.journal);
+    transaction.commit();
 }
 
 } // namespace
 
-StoreResult storeSheet(Workstation& station, const SheetFields& fields) {
-    if (const std::optional<CheckFailure> refused = checkSheet(station, fields)) {
+StoreResult storeSheet(Workstation& station, const SheetRecord& record) {
+    if (const std::optional<CheckFailure> refused = checkSheet(station, record)) {
         tell(station.dialogue, *refused);
         return {StoreOutcome::refused, refused->field};
     }
-    const Numbers numbers = readNumbers(fields);
-    const std::optional<qint64> editedRow = rowToEdit(station, fields);
-
-    // The register's question belongs to step 1; it is asked here so that no lock is held while its box
-    // stands.
-    std::optional<qint64> patientId = findPatientId(station, fields.Szem_szam);
-    const bool known = patientId.has_value();
-    const bool enter =
-        !known &&
-        station.dialogue.ask(u"Ilyen TAJ számú beteg nincs a Páciens törzsben!\nKivánja most rögzíteni?"_s,
-                             u"Kérdés"_s);
-
-    Database& data = station.files[DataFile::tetdata];
+    StoreRun run{.station = station, .record = record};
+    runSteps(StoreTime::before, run);
     {
-        Transaction transaction(data);
-        // 1. The patient register. Not entered: the sheet goes on with patient id 0.
-        if (known)
-            updatePatient(station, fields);
-        else
-            patientId = enter ? addPatient(station, fields) : 0;
-        // 2. The neighbouring system's place.
-        // 3. The sheet.
-        writeSheet(data, sheetColumns(station, fields, numbers, *patientId), editedRow);
-        // 4. The eligibility transaction's place: another file, after this one is safe.
-        // 5. The sick-pay record's place, inside this transaction.
-        // 6. The EU sheet's place, inside this transaction.
+        Transaction transaction(station.files[DataFile::tetdata]);
+        runSteps(StoreTime::inside, run);
         transaction.commit();
     }
-    // 7. The notice's place.
-    // 8. A correction ends here without a word: the form stays open.
-    if (fields.correction) return {StoreOutcome::stored, {}};
+    afterTheSheet(u"Az adatlap eltárolása megtörtént, de az utána következő művelet nem sikerült: %1"_s,
+                  [&] { runSteps(StoreTime::after, run); });
+    // After a correction the form stays open, without a word.
+    if (record.fields.correction) return {StoreOutcome::stored, {}};
 
-    // 9. and 10. The key and the unit's counters move together, after all the rest: a store that is broken
-    // off before this is mended at the next start.
-    try {
-        Transaction transaction(data);
-        advanceCounters(station, fields.Azonosito, fields.Szakrend, fields.Orvkod, numbers.journal);
-        transaction.commit();
-    } catch (const Fault& fault) {
-        throw Fault(fault.number(),
-                    u"Az adatlap eltárolása megtörtént, de a sorszámok nem írhatók: %1"_s.arg(fault.text()));
-    }
-    // 11.
+    // Key and unit's counters move together, after all the rest: a store that is broken off before this is
+    // mended by the next new sheet.
+    afterTheSheet(u"Az adatlap eltárolása megtörtént, de a sorszámok nem írhatók: %1"_s,
+                  [&] { moveCounters(run); });
     const bool another =
         station.dialogue.ask(u"Adatok eltárolása megtörtént!\nKíván új beteget rögzíteni?"_s);
     return {another ? StoreOutcome::storedAnother : StoreOutcome::storedDone, {}};

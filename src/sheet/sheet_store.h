@@ -1,8 +1,10 @@
-// The store of a sheet: twenty checks in order, then the writing steps in order.
+// The store of a sheet: the checks, then the steps before, inside and after the transaction, then the
+// counters. Rooms that write with a sheet offer a step (Workstation::storeSteps); this one does not know
+// them.
 #pragma once
 
 #include "foundation/workstation.h"
-#include "sheet/sheet_fields.h"
+#include "sheet/sheet_record.h"
 
 namespace vandrel {
 
@@ -17,8 +19,9 @@ struct StoreResult {
     QString field;
 };
 
-// Checks and writes. The register, the sheet, the sick-pay and the EU record are one transaction: a fault
-// leaves the sheet wholly unstored and is raised. The counters move after that, for new sheets only.
-StoreResult storeSheet(Workstation& station, const SheetFields& fields);
+// Checks and writes. What is written inside is one transaction: a fault leaves the sheet wholly unstored and
+// is raised. The counters move after that, for new sheets only. Of two programs that store new sheets under
+// one key, the later one gets fault dataConversion with nothing written.
+StoreResult storeSheet(Workstation& station, const SheetRecord& record);
 
 } // namespace vandrel

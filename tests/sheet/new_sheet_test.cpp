@@ -50,6 +50,12 @@ TEST(NewSheet, UnitDoctorAndJournal) {
     EXPECT_EQ(fields.Orvkod, QString()); // though the last sheet had one
     EXPECT_EQ(fields.Naplo, u"1"_s);
 
+    // A last sheet whose unit is Null, or a blank, gives an empty field, not the doctor of some other unit.
+    station.data().executeScript("update BETEG set SZAKREND=null, ORVKOD=' ' where AZONOSITO='ABC0000002';"
+                                 "insert into [DEFAULT] values (null,'44444',7,0), (' ','55555',8,0);");
+    fields = makeNewSheet(station.workstation);
+    EXPECT_EQ(fields.Szakrend + u'/' + fields.Orvkod + u'/' + fields.Naplo, u"//1"_s);
+
     EXPECT_FALSE(unitDefaults(station.workstation, u"01000000"_s).found);
     EXPECT_TRUE(unitDefaults(station.workstation, u" 010000002 "_s).found);
 }
@@ -115,12 +121,26 @@ TEST(MendCounters, MovesBehindTheSheetsThatWereStored) {
     EXPECT_EQ(fileBytes(station.path(u"tetdata.mdb"_s)), before);
 }
 
+TEST(MendCounters, TheNextNewSheetNeverGetsAStoredKey) {
+    LabelledStation station;
+    station.data().executeScript(
+        "insert into BETEG (AZONOSITO,SZAKREND,ORVKOD,NAPLO) values ('ABC0000001','010000001','11111','7');"
+        "create trigger broken before update on AZONOSIT begin select raise(abort,'no'); end;");
+    // As long as the counters cannot be written there is no key at all.
+    EXPECT_NE(faultNumberOf([&] { makeNewSheet(station.workstation); }), 0);
+    station.data().executeScript("drop trigger broken");
+    const SheetFields sheet = makeNewSheet(station.workstation);
+    EXPECT_EQ(sheet.Azonosito + u'/' + sheet.Naplo, u"ABC0000002/8"_s);
+}
+
 TEST(MendCounters, WithoutALabelTheNumberComesRound) {
     TestWorkstation station;
     station.data().executeScript("update AZONOSIT set END_AZON='0010000';"
                                  "insert into BETEG (AZONOSITO) values ('0000001'), ('0000002');");
     repairCounters(station.workstation);
     EXPECT_EQ(firstText(station.data(), "select END_AZON from AZONOSIT"), u"0010000"_s);
+    station.dialogue.expect(u"Üres a gépazonosító!"_s);
+    EXPECT_EQ(faultNumberOf([&] { makeNewSheet(station.workstation); }), fault::dataConversion);
 }
 
 } // namespace vandrel::test

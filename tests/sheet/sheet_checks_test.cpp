@@ -84,15 +84,16 @@ TEST(SheetChecks, WhatPasses) {
     fields.Terites = u"0R"_s;
     fields.TerReszlDij = u"0"_s; // only an empty text fails
     fields.EU_LAP = u"1"_s;
-    fields.BIZT_ORSZ = fields.CS_NEV = fields.KER_NEV = fields.BIZT_SZAM = u"x"_s;
     fields.Szem_szam = u"123456789"_s; // a wrong TAJ may be stored
     fields.Orvkod.clear();
     fields.F_datum = format::emptyDate;
     fields.F_ido = u"14: 5"_s; // five characters
     ASSERT_EQ(station.count("EUSZOLG"), 0);
-    EXPECT_FALSE(checkSheet(station.workstation, fields));
-    fields.KER_NEV = u" "_s;
-    const std::optional<CheckFailure> failure = checkSheet(station.workstation, fields);
+    SheetRecord record(fields);
+    record.euSheet = {u"x"_s, u"x"_s, u"x"_s, u"x"_s};
+    EXPECT_FALSE(checkSheet(station.workstation, record));
+    record.euSheet.KER_NEV = u" "_s;
+    const std::optional<CheckFailure> failure = checkSheet(station.workstation, record);
     ASSERT_TRUE(failure);
     EXPECT_EQ(failure->field, u"EU_LAP"_s);
 }

@@ -121,6 +121,18 @@ TEST_F(SheetStore, Correction) {
     EXPECT_EQ(faultOfStore(fields), fault::noCurrentRecord);
 }
 
+TEST_F(SheetStore, ATajWithBlanksAroundItFindsItsPatient) {
+    SheetFields fields = goodSheet(station.workstation);
+    fields.Szem_szam = u" 123456788 "_s;
+    store(fields, Answer::yes);
+    EXPECT_EQ(stored("TAJ", "Paciensek") + stored("SZEM_SZAM"), u"123456788123456788"_s);
+    fields = goodSheet(station.workstation);
+    fields.Szem_szam = u"123456788 "_s;
+    fields.City = u"Pécs"_s;
+    store(fields); // known: nothing is asked
+    EXPECT_EQ(stored("group_concat(City)", "Paciensek"), u"Pécs"_s);
+}
+
 TEST_F(SheetStore, NumbersAreRefusedBeforeAnythingIsWritten) {
     const struct {
         QString SheetFields::*field;
@@ -206,6 +218,66 @@ TEST_F(SheetStore, TwoSyncedTransactionsAndNoLockWhileABoxStands) {
     EXPECT_EQ(commits, 2);
     EXPECT_EQ(watch.shown, 2);
     EXPECT_FALSE(watch.locked);
+}
+
+// A second program on the same folder that is quicker: it stores under the same key, or enters the patient,
+// while the first one's question is shown.
+class QuickerProgram : public Dialogue {
+  public:
+    explicit QuickerProgram(std::function<void()> store) : m_store(std::move(store)) {}
+    Answer show(const Message&) override {
+        if (const std::function<void()> store = std::exchange(m_store, {})) store();
+        return Answer::yes;
+    }
+
+  private:
+    std::function<void()> m_store;
+};
+
+TEST_F(SheetStore, TwoProgramsNeverShareAKeyOrAPatient) {
+    SheetFields other = goodSheet(station.workstation);
+    QuickerProgram quicker([&] { store(other, Answer::yes); });
+    Workstation slower(station.workstation.folder, quicker, station.clock, station.packer);
+    EXPECT_EQ(faultNumberOf([&] { storeSheet(slower, goodSheet(slower)); }), fault::dataConversion);
+    EXPECT_EQ(station.count("BETEG"), 1);
+    EXPECT_EQ(station.count("Paciensek"), 1);
+
+    other = goodSheet(station.workstation);
+    other.Szem_szam = u"111111110"_s;
+    QuickerProgram again([&] { store(other, Answer::yes); });
+    Workstation late(station.workstation.folder, again, station.clock, station.packer);
+    SheetFields same = other;
+    same.Azonosito = u"XYZ0000001"_s; // another machine's key
+    storeSheet(late, same);
+    EXPECT_EQ(station.count("Paciensek where TAJ='111111110'"), 1);
+    EXPECT_EQ(station.count("BETEG where PaciensId=2"), 2);
+}
+
+TEST_F(SheetStore, StepsOfOtherRooms) {
+    QStringList ran;
+    const auto step = [&](StoreTime time, const QString& name, int fault = 0) {
+        return StoreStep{time, [&ran, name, fault](StoreRun& run) {
+                             ran << name + QString::number(run.patientId) +
+                                        (run.station.files[DataFile::tetdata].inTransaction() ? u"*"_s
+                                                                                              : u""_s);
+                             if (fault != 0) throw Fault(fault, u"nem"_s);
+                         }};
+    };
+    StoreSteps steps;
+    station.workstation.storeSteps = &steps;
+    steps.offered = {step(StoreTime::after, u"after"_s), step(StoreTime::inside, u"inside"_s),
+                     step(StoreTime::before, u"before"_s)};
+    store(goodSheet(station.workstation), Answer::yes);
+    EXPECT_EQ(ran, QStringList({u"before0"_s, u"inside1*"_s, u"after1"_s}));
+
+    const qint64 sheets = station.count("BETEG");
+    for (const StoreTime time : {StoreTime::before, StoreTime::inside, StoreTime::after}) {
+        steps.offered = {step(time, u"x"_s, fault::diskFull)};
+        const SheetFields fields = goodSheet(station.workstation);
+        EXPECT_EQ(faultOfStore(fields), fault::diskFull);
+        EXPECT_EQ(station.count("BETEG"), time == StoreTime::after ? sheets + 1 : sheets);
+        EXPECT_EQ(stored("END_AZON", "AZONOSIT"), u"ABC0000001"_s);
+    }
 }
 
 // Room for no page, for one, ... until the whole store fits: it is wholly done or wholly undone.

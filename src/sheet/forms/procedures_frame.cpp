@@ -186,7 +186,7 @@ void ProceduresFrame::addLine() {
     const bool done = m_desk.guarded([this] {
         switch (addProcedureLine(m_desk.station, m_key, m_desk.text(u"BEAV"_s).trimmed(),
                                  m_desk.text(u"MENNY"_s), m_desk.text(u"BeavJelleg"_s))) {
-        case AddLineOutcome::quantityMissing:
+        case AddLineOutcome::quantityRefused:
             SelectAll(m_desk.input(u"MENNY"_s));
             return;
         case AddLineOutcome::characterMissing:

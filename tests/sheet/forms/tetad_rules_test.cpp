@@ -235,7 +235,7 @@ TEST_F(TetadProcedures, LinesAreWrittenAtOnceAndFunctionKeysFillTheCode) {
     dialogue.expect(u"Mennyiség kitöltése kötelező!"_s);
     EXPECT_EQ(pressKey(Qt::Key_Return), u"MENNY"_s);
     typeText(u"1,5"_s);
-    dialogue.expect(u"A mennyiség csak egész szám lehet, legfeljebb 9 számjeggyel: 1,5"_s, u"Hiba"_s);
+    dialogue.expect(u"A mennyiség csak egész szám lehet, legfeljebb két számjeggyel!"_s, u"Hiba"_s);
     EXPECT_EQ(pressKey(Qt::Key_Return), u"MENNY"_s);
     EXPECT_EQ(text("MENNY"), u"1,5"_s);
     typeText(u"12x"_s); // over the refused one; other keys are dropped
