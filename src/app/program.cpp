@@ -133,7 +133,7 @@ int runProgram(int argc, char** argv) {
     const SystemClock clock;
     ArjPacker packer;
     Workstation station(folder, dialogue, clock, packer);
-    const SingleInstance instance;
+    const SingleInstance instance(SingleInstance::programName, folder);
     try {
         Program program(station, [&instance] { return instance.otherRuns(); });
         if (!program.start()) return 1;

@@ -8,8 +8,7 @@ namespace vandrel::catalogue {
 
 namespace {
 
-// Columns that the catalogue calls numbers, long or integer are whole or number; flags that it calls boolean
-// are whole (1 true, 0 false). All else is text.
+// Flags are whole: 1 true, 0 false; older data have -1 for true. Dates and times are texts.
 
 template<std::size_t N, std::size_t M>
 constexpr std::array<Column, N + M> joined(const Column (&first)[N], const Column (&second)[M]) {

@@ -45,7 +45,7 @@ struct Table {
     std::string_view typedAhead = {};
 };
 
-// How many first characters have an index of their own; behind them a beginning fits few enough rows.
+// How many first characters have an index of their own; longer beginnings fit few enough rows.
 inline constexpr int typedAheadLength = 4;
 
 struct View {

@@ -12,7 +12,7 @@ enum class Icon { none, information, question, warning, critical };
 enum class Buttons { ok, yesNo };
 enum class Answer { ok, yes, no };
 
-// The title of boxes for which no other one is laid down.
+// The title of boxes that have none of their own.
 inline const QString programTitle = u"Vandrel Járóbeteg program"_s;
 
 struct Message {

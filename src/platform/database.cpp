@@ -88,14 +88,6 @@ void Query::reset() {
     sqlite3_reset(m_statement);
 }
 
-int Query::columnCount() const {
-    return sqlite3_column_count(m_statement);
-}
-
-QString Query::columnName(int column) const {
-    return QString::fromUtf8(sqlite3_column_name(m_statement, column));
-}
-
 bool Query::isNull(int column) const {
     return sqlite3_column_type(m_statement, column) == SQLITE_NULL;
 }

@@ -43,15 +43,13 @@ class Query {
         return value ? bind(parameter, *value) : bind(parameter, nullptr);
     }
 
-    // Moves to the next row; false behind the last one. Faults of the engine are raised as Fault.
+    // Moves to the next row; false after the last one. Faults of the engine are raised as Fault.
     bool next();
     // Runs a statement that gives no rows, and makes it ready to be bound and run again.
     void run();
     // Makes the statement ready to run again with the same bindings.
     void reset();
 
-    int columnCount() const;
-    QString columnName(int column) const;
     bool isNull(int column) const;
     // True for a value kept as text, also in a number column. Ask before the value is read as another type.
     bool isText(int column) const;

@@ -15,8 +15,6 @@ using namespace Qt::StringLiterals;
 inline const QString emptyDate = u"    .  .  ."_s;
 // The empty period (year and month) of masked fields.
 inline const QString emptyPeriod = u"    .  "_s;
-// The empty time of masked fields, trimmed it is the bare colon.
-inline const QString emptyTime = u"  :  "_s;
 
 // éééé.hh.nn. ("2008.03.12."), 11 characters; an invalid date gives an empty text.
 QString shortDate(QDate date);

@@ -1,8 +1,10 @@
 #include "settings/institution.h"
 
 #include "foundation/institution_data.h"
+#include "foundation/row_values.h"
 #include "platform/code_page.h"
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -10,6 +12,8 @@ using namespace Qt::StringLiterals;
 namespace vandrel {
 
 namespace {
+
+constexpr qsizetype labelLength = 3;
 
 struct Check {
     QString InstitutionFields::*field;
@@ -88,16 +92,20 @@ InstitutionFault checkInstitutionFields(const InstitutionFields& fields) {
 void storeInstitution(Workstation& station, const InstitutionFields& fields) {
     Database& data = station.files[DataFile::tetdata];
     Transaction transaction(data);
-    if (!data.query("select 1 from intezet").next())
-        data.execute("insert into intezet (Int_nev) values ('')");
     const QString street = fields.cim.trimmed();
-    data.execute("update intezet set Int_nev=?1, Gyogyi_kod=?2, Orv_kod=?3, Szakrend_kod=?4, irsz=?5, "
-                 "City=?6, cim=?7, "
-                 "Bankszamla=?8, Adoig_szam=?9, NBK_KOD=?10 where rowid=(select min(rowid) from intezet)",
-                 fields.Int_nev.trimmed(), fields.Gyogyi_kod.trimmed(), fields.Orv_kod.trimmed(),
-                 fields.Szakrend_kod.trimmed(), fields.irsz.trimmed(), fields.City.trimmed(),
-                 street.isEmpty() ? u" "_s : street, fields.Bankszamla, fields.Adoig_szam,
-                 fields.NBK_KOD.trimmed());
+    const ColumnValue values[] = {
+        {"Int_nev", fields.Int_nev.trimmed()},
+        {"Gyogyi_kod", fields.Gyogyi_kod.trimmed()},
+        {"Orv_kod", fields.Orv_kod.trimmed()},
+        {"Szakrend_kod", fields.Szakrend_kod.trimmed()},
+        {"irsz", fields.irsz.trimmed()},
+        {"City", fields.City.trimmed()},
+        {"cim", street.isEmpty() ? u" "_s : street},
+        {"Bankszamla", fields.Bankszamla},
+        {"Adoig_szam", fields.Adoig_szam},
+        {"NBK_KOD", fields.NBK_KOD.trimmed()},
+    };
+    writeFirstRow(data, "intezet", values);
     transaction.commit();
 }
 
@@ -116,12 +124,19 @@ bool storeWorkstationLabel(Workstation& station, const QString& label) {
         station.dialogue.tell(u"Nem maradhat üresen a gépazonosító mező!"_s, u"Figyelmeztetés"_s);
         return false;
     }
+    // Shorter labels give keys that come round again, and two machines must never give the same one.
+    const QString letters = label.trimmed();
+    if (letters.size() != labelLength ||
+        !std::ranges::all_of(letters, [](QChar c) { return c.isLetterOrNumber(); }) ||
+        code_page::toUnicode(code_page::fromUnicode(letters)) != letters) {
+        station.dialogue.tell(u"A gépazonosító pontosan három betűből vagy számjegyből áll!"_s,
+                              u"Figyelmeztetés"_s);
+        return false;
+    }
     Database& data = station.files[DataFile::tetdata];
     Transaction transaction(data);
-    if (!data.query("select 1 from Gepazonosito").next())
-        data.execute("insert into Gepazonosito (Gepazon) values ('')");
-    data.execute("update Gepazonosito set Gepazon=?1 where rowid=(select min(rowid) from Gepazonosito)",
-                 label.trimmed());
+    const ColumnValue value{"Gepazon", label.trimmed()};
+    writeFirstRow(data, "Gepazonosito", {&value, 1});
     transaction.commit();
     return true;
 }

@@ -36,11 +36,11 @@ InstitutionFault checkInstitutionFields(const InstitutionFields& fields);
 // Edits the row or adds it. Plain texts are stored trimmed, an empty street as one blank. Faults of the data
 // file pass through with nothing written.
 void storeInstitution(Workstation& station, const InstitutionFields& fields);
-// Writes Login and Password; faults of the file pass through.
+// Writes Login and Password, both or none; faults of the file pass through.
 void storeLogin(Workstation& station, const InstitutionFields& fields);
 
-// Edits the row or adds it. False, with the message shown and nothing written, for an empty label. Keys that
-// were given stay as they are.
+// Edits the row or adds it. False, with the message shown and nothing written, for an empty label and for one
+// that is not three letters or digits. Keys that were given stay as they are.
 bool storeWorkstationLabel(Workstation& station, const QString& label);
 
 } // namespace vandrel

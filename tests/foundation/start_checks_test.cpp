@@ -103,6 +103,21 @@ TEST(StartChecks, EveryLostFileIsTold) {
     EXPECT_FALSE(examineDataFiles(test.workstation));
 }
 
+TEST(StartChecks, ADamagedTableIsNoticed) {
+    TestWorkstation test;
+    const qint64 page = firstText(test.dictionaries(), "pragma page_size").toLongLong();
+    const qint64 root =
+        firstText(test.dictionaries(), "select rootpage from sqlite_master where name='ORVOSOK'")
+            .toLongLong();
+    test.workstation.files.closeAll();
+    QByteArray bytes = fileBytes(test.path(u"tetmod.mdb"_s));
+    ASSERT_GT(root, 1); // page 1 holds the names of the tables, which stay readable
+    bytes.replace((root - 1) * page, page, QByteArray(page, '\x55'));
+    makeFile(test.path(u"tetmod.mdb"_s), bytes);
+    test.dialogue.expect(u"A(z) tetmod.mdb állomány sérült!"_s, errorTitle);
+    EXPECT_FALSE(examineDataFiles(test.workstation));
+}
+
 TEST(StartChecks, FilesOfOtherScreensMayBeAway) {
     TestWorkstation test;
     for (const char* name :

@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QTemporaryDir>
 
 #include <chrono>
 #include <thread>
@@ -155,6 +156,21 @@ TEST(SingleInstance, TheSecondOneLearnsOfTheFirst) {
     EXPECT_TRUE(SingleInstance(name).otherRuns());
     first.reset();
     EXPECT_FALSE(SingleInstance(name).otherRuns());
+}
+
+TEST(SingleInstance, HoldsForTheDataFolderToo) {
+    const QTemporaryDir folder, otherFolder;
+    const QByteArray name = "vandrel-test-" + QByteArray::number(QCoreApplication::applicationPid());
+    {
+        // The names differ as on two machines.
+        const SingleInstance first(name + "-1", folder.path());
+        EXPECT_FALSE(first.otherRuns());
+        EXPECT_TRUE(SingleInstance(name + "-2", folder.path()).otherRuns());
+        EXPECT_FALSE(SingleInstance(name + "-3", otherFolder.path()).otherRuns());
+        EXPECT_TRUE(SingleInstance(name + "-4", folder.path()).otherRuns()); // the refused one freed nothing
+    }
+    EXPECT_FALSE(SingleInstance(name + "-5", folder.path()).otherRuns()); // a file left behind is no lock
+    EXPECT_FALSE(SingleInstance(name + "-6", folder.filePath(u"nincs"_s)).otherRuns());
 }
 
 } // namespace vandrel::test

@@ -118,16 +118,22 @@ TEST(InstitutionFields, StoreAddsOneRowAndEditsIt) {
     EXPECT_EQ(loaded.cim, QString());
 }
 
-TEST(WorkstationLabel, EmptyIsRefusedAndTheRowIsAddedOrEdited) {
+TEST(WorkstationLabel, ThreeLettersOrDigitsAreAddedOrEdited) {
     TestWorkstation test;
     const QString refusal = u"Nem maradhat üresen a gépazonosító mező!"_s;
     test.dialogue.expect(refusal, u"Figyelmeztetés"_s);
     EXPECT_FALSE(storeWorkstationLabel(test.workstation, u"  "_s));
     EXPECT_EQ(firstText(test.data(), "select Gepazon from Gepazonosito"), QString(""_L1));
     EXPECT_TRUE(storeWorkstationLabel(test.workstation, u"A01"_s));
-    EXPECT_TRUE(storeWorkstationLabel(test.workstation, u"B'2"_s));
-    EXPECT_EQ(firstText(test.data(), "select group_concat(Gepazon) from Gepazonosito"), u"B'2"_s);
-    EXPECT_EQ(workstationLabel(test.workstation), u"B'2"_s);
+    // Keys of other lengths come round again; other letters are none of the reports'.
+    for (const QString& label : {u"B"_s, u"B2"_s, u"B'2"_s, u"B 2"_s, u"B234"_s, u"漢漢漢"_s}) {
+        test.dialogue.expect(u"A gépazonosító pontosan három betűből vagy számjegyből áll!"_s,
+                             u"Figyelmeztetés"_s);
+        EXPECT_FALSE(storeWorkstationLabel(test.workstation, label)) << label.toStdString();
+    }
+    EXPECT_EQ(workstationLabel(test.workstation), u"A01"_s);
+    EXPECT_TRUE(storeWorkstationLabel(test.workstation, u" ŐB2 "_s));
+    EXPECT_EQ(firstText(test.data(), "select group_concat(Gepazon) from Gepazonosito"), u"ŐB2"_s);
     EXPECT_EQ(firstText(test.data(), "select END_AZON from AZONOSIT"), u"0000000000"_s);
     test.data().execute("delete from Gepazonosito");
     EXPECT_EQ(workstationLabel(test.workstation), QString());
