@@ -412,6 +412,8 @@ TEST_F(DocumentTest, EveryLetterOfRowsWithEmptyValuesIsOnPaper) {
     const auto once = [&](unsigned in) { return dice() % in == 0; };
     for (int trial = 0; trial < 300; ++trial) {
         document.ResetItems();
+        document.setMarginTop(static_cast<float>(dice() % 1500));
+        document.setMarginRight(static_cast<float>(1000 + dice() % 1200));
         QString letters;
         const int rows = 1 + static_cast<int>(dice() % 40);
         char16_t letter = u'a';
@@ -434,12 +436,14 @@ TEST_F(DocumentTest, EveryLetterOfRowsWithEmptyValuesIsOnPaper) {
     }
     // A line without a height turns no page.
     document.ResetItems();
-    addLines(9);
+    document.setMarginTop(1440);
+    document.setMarginRight(1440);
+    addLines(2);
     add("<LINDENT=100>");
     add("b<LINDENT=100>");
     add("c");
     EXPECT_EQ(document.Pages(), 1);
-    EXPECT_EQ(page(1).sliced(9), (QStringList{"1440,3600 b", "1440,3600 c"}));
+    EXPECT_EQ(page(1).sliced(2), (QStringList{"1440,1920 b", "1440,1920 c"}));
 }
 
 TEST_F(DocumentTest, LiteralTextPrintsAsItStands) {
