@@ -2,11 +2,11 @@
 
 packages=(
   # build
-  g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev libgtest-dev iso-codes
+  g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev libxlsxwriter-dev libgtest-dev iso-codes
   # run: the windows with their fonts, and the archiver of the reports
-  libqt6widgets6 libqt6printsupport6 libqt6network6 libsqlite3-0 fonts-dejavu-core fonts-liberation arj
+  libqt6widgets6 libqt6printsupport6 libqt6network6 libsqlite3-0 libxlsxwriter4 fonts-dejavu-core fonts-liberation arj
   # tests
-  poppler-utils
+  poppler-utils unzip
 )
 
 as_root() {

@@ -4,9 +4,7 @@
 
 namespace vandrel {
 
-Printing::Printing(Workstation& station)
-    : m_station(station), m_printers(askPdfPathBy(station.dialogue)),
-      m_engine(m_meter, m_printers, station.clock) {
+Printing::Printing(Workstation& station) : m_station(station), m_engine(m_meter, m_printers, station.clock) {
     installPreview(m_engine, station.dialogue);
     m_station.printing = &m_engine;
 }

@@ -11,8 +11,6 @@ namespace vandrel {
 
 namespace {
 
-constexpr int busyMilliseconds = 1500; // a sibling tool may hold TAJKapu.mdb for a moment
-
 // Everything runs on the one user-interface thread: without the engine's locks around each call and each
 // piece of memory, reading takes a quarter less time.
 constexpr int oneThread = SQLITE_OPEN_NOMUTEX;
@@ -162,10 +160,14 @@ Database Database::create(const QString& path) {
     return result;
 }
 
+void Database::setLockWait(std::chrono::milliseconds wait) {
+    sqlite3_busy_timeout(m_handle, static_cast<int>(wait.count()));
+}
+
 void Database::configure() {
     sqlite3_extended_result_codes(m_handle, 1);
     // Before the first reading: a file that a sibling tool holds for a moment is waited for at once.
-    sqlite3_busy_timeout(m_handle, busyMilliseconds);
+    setLockWait(usualLockWait);
     // A closed data file is one file, and a store that was confirmed survives a power cut: "extra" syncs the
     // folder after the journal's removal too, or the journal could come back and undo the store.
     executeScript("pragma journal_mode=delete; pragma synchronous=extra; pragma foreign_keys=off;");

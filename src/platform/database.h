@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -107,6 +108,11 @@ class Database {
     qint64 changes() const;
     qint64 lastRowId() const;
     bool inTransaction() const;
+    // How long a statement waits for another program's lock before it is fault dataFileInUse; the window
+    // stands still meanwhile.
+    void setLockWait(std::chrono::milliseconds wait);
+    // A sibling tool may hold a file for a moment.
+    static constexpr std::chrono::milliseconds usualLockWait{1500};
 
     bool hasTable(const QString& table);
     // "ok", or what the engine found wrong with the file.

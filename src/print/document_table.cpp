@@ -5,6 +5,8 @@
 
 #include <QStringEncoder>
 
+#include <algorithm>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -17,75 +19,135 @@ namespace {
 constexpr qsizetype blockSize = 1 << 18;
 constexpr const char* byteOrderMark = "\xEF\xBB\xBF";
 
-std::string_view view(const QByteArray& bytes, qsizetype from, qsizetype to) {
-    return {bytes.constData() + from, static_cast<std::size_t>(to - from)};
+void appendNumber(QByteArray& bytes, quint32 number) {
+    bytes.append(reinterpret_cast<const char*>(&number), sizeof number);
 }
 
-// Calls line with every physical line of the table, its line end included.
-template<typename Line>
-void forEachLine(const QByteArray& csv, Line line) {
-    for (qsizetype from = 0; from < csv.size();) {
-        const qsizetype end = csv.indexOf('\n', from);
-        const qsizetype to = end < 0 ? csv.size() : end + 1;
-        line(view(csv, from, to));
-        from = to;
-    }
+quint32 numberAt(const char*& at) {
+    quint32 number = 0;
+    std::memcpy(&number, at, sizeof number);
+    at += sizeof number;
+    return number;
 }
 
 // Without a byte array of its own for each of the million cells of a list.
-void appendUtf8(QByteArray& bytes, const QString& cell) {
+void appendCell(QByteArray& bytes, const QString& cell) {
     const qsizetype before = bytes.size();
     QStringEncoder encoder(QStringEncoder::Utf8);
-    bytes.resize(before + encoder.requiredSpace(cell.size()));
-    bytes.resize(encoder.appendToBuffer(bytes.data() + before, cell) - bytes.constData());
+    const auto head = static_cast<qsizetype>(sizeof(quint32));
+    bytes.resize(before + head + encoder.requiredSpace(cell.size()));
+    bytes.resize(encoder.appendToBuffer(bytes.data() + before + head, cell) - bytes.constData());
+    const auto length = static_cast<quint32>(bytes.size() - before - head);
+    std::memcpy(bytes.data() + before, &length, sizeof length);
 }
 
-QString quoted(const QString& cell) {
-    bool plain = true;
-    for (const QChar character : cell)
-        plain = plain && character != u';' && character != u'"' && character != u'\r' && character != u'\n';
-    if (plain) return cell;
-    QString doubled = cell;
-    return u'"' + doubled.replace(u'"', "\"\""_L1) + u'"';
+// "-5", "+36,5": what may begin with a sign without being a formula.
+bool isSignedNumber(QByteArrayView cell) {
+    bool comma = false, digit = false;
+    for (const char c : cell.sliced(1)) {
+        if (c == ',' && digit && !comma)
+            comma = true;
+        else if (c >= '0' && c <= '9')
+            digit = true;
+        else
+            return false;
+    }
+    return digit && !cell.endsWith(',');
+}
+
+bool looksLikeFormula(QByteArrayView cell) {
+    if (cell.isEmpty() || std::strchr("=+-@", cell.front()) == nullptr) return false;
+    return cell.front() == '=' || cell.front() == '@' || !isSignedNumber(cell);
+}
+
+void appendCsv(QByteArray& line, QByteArrayView cell) {
+    const bool quoted = std::any_of(cell.begin(), cell.end(),
+                                    [](char c) { return c == ';' || c == '"' || c == '\r' || c == '\n'; });
+    if (quoted) line += '"';
+    if (looksLikeFormula(cell)) line += '\'';
+    for (const char c : cell) {
+        if (c == '"') line += '"';
+        line += c;
+    }
+    if (quoted) line += '"';
 }
 
 } // namespace
 
 void DocumentTable::clear() {
-    m_packed.clear();
-    m_csv.clear();
-    m_rows = 0;
+    *this = DocumentTable();
+}
+
+void DocumentTable::setCaption(const QString& title, const QString& subtitle) {
+    m_title = title;
+    m_subtitle = subtitle;
+}
+
+void DocumentTable::addHeads(const QStringList& heads, int numbers) {
+    m_firstNumber = static_cast<std::size_t>(std::max<qsizetype>(heads.size() - numbers, 0));
+    addRow(heads);
 }
 
 void DocumentTable::addRow(const QStringList& cells) {
-    bool first = true;
+    appendNumber(m_open, static_cast<quint32>(cells.size()));
+    if (m_widths.size() < static_cast<std::size_t>(cells.size()))
+        m_widths.resize(static_cast<std::size_t>(cells.size()), 0);
+    std::size_t column = 0;
     for (const QString& cell : cells) {
-        if (!std::exchange(first, false)) m_csv += ';';
-        appendUtf8(m_csv, quoted(cell));
+        appendCell(m_open, cell);
+        qsizetype& width = m_widths[column++];
+        width = std::max(width, cell.size());
     }
-    m_csv += "\r\n";
     ++m_rows;
-    if (m_csv.size() >= blockSize) pack();
+    if (m_open.size() >= blockSize) pack();
 }
 
 void DocumentTable::pack() {
-    m_packed.push_back(qCompress(m_csv, 1));
-    m_csv.clear();
-    m_csv.reserve(blockSize + blockSize / 4);
+    m_packed.push_back(qCompress(m_open, 1));
+    m_open.clear();
+    m_open.reserve(blockSize + blockSize / 4);
 }
 
-template<class Take>
-void DocumentTable::eachBlock(Take take) const {
+void DocumentTable::eachRow(const std::function<void(const Row&)>& row) const {
+    Row cells;
+    const auto read = [&](const QByteArray& block) {
+        const char* at = block.constData();
+        const char* end = at + block.size();
+        while (at < end) {
+            cells.resize(numberAt(at));
+            for (QByteArrayView& cell : cells) {
+                const auto length = static_cast<qsizetype>(numberAt(at));
+                cell = QByteArrayView(at, length);
+                at += length;
+            }
+            row(cells);
+        }
+    };
     for (const QByteArray& block : m_packed)
-        take(qUncompress(block));
-    take(m_csv);
+        read(qUncompress(block));
+    read(m_open);
+}
+
+void DocumentTable::eachCsvLine(const std::function<void(const QByteArray&)>& line) const {
+    QByteArray text;
+    eachRow([&](const Row& cells) {
+        text.clear();
+        bool first = true;
+        for (const QByteArrayView cell : cells) {
+            if (!std::exchange(first, false)) text += ';';
+            appendCsv(text, cell);
+        }
+        text += "\r\n";
+        line(text);
+    });
 }
 
 qint64 DocumentTable::unencodable(Encoding encoding) const {
     if (encoding == Encoding::utf8) return 0;
     qint64 count = 0;
     std::string bytes;
-    const auto countLine = [&](std::string_view line) {
+    eachCsvLine([&](const QByteArray& text) {
+        const std::string_view line(text.constData(), static_cast<std::size_t>(text.size()));
         bytes.clear();
         if (code_page::appendUtf8(bytes, line)) return;
         for (std::size_t at = 0; at < line.size();) {
@@ -95,8 +157,7 @@ qint64 DocumentTable::unencodable(Encoding encoding) const {
             if (!code_page::appendUtf8(bytes, line.substr(at, next - at))) ++count;
             at = next;
         }
-    };
-    eachBlock([&](const QByteArray& block) { forEachLine(block, countLine); });
+    });
     return count;
 }
 
@@ -104,16 +165,14 @@ void DocumentTable::save(const QString& path, Encoding encoding) const {
     AtomicFile file(path);
     if (encoding == Encoding::utf8) file.write(byteOrderMark);
     std::string bytes;
-    eachBlock([&](const QByteArray& block) {
+    eachCsvLine([&](const QByteArray& line) {
         if (encoding == Encoding::utf8) {
-            file.write(block);
+            file.write(line);
             return;
         }
-        forEachLine(block, [&](std::string_view line) {
-            bytes.clear();
-            code_page::appendUtf8(bytes, line);
-            file.write(bytes.data(), static_cast<qint64>(bytes.size()));
-        });
+        bytes.clear();
+        code_page::appendUtf8(bytes, {line.constData(), static_cast<std::size_t>(line.size())});
+        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
     });
     file.keep(); // looks at every write
 }

@@ -80,7 +80,10 @@ struct PrintEngine {
 
     // Ports to the windows; empty ones are allowed.
     std::function<void(qcPrinter&)> showPreview; // shows frmPreview modally
-    std::function<void(bool)> busy;              // hourglass on, off
+    // Prints the whole document on the printer in use, with progress; faults are told. False: nothing came
+    // out.
+    std::function<bool(qcPrinter&)> printAtOnce;
+    std::function<void(bool)> busy; // hourglass on, off
     // Told after every page that was printed, with the pages done and all pages of the job; false breaks the
     // job off, and nothing comes out.
     std::function<bool(int, int)> pagePrinted;

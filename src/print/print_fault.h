@@ -13,4 +13,9 @@ inline QString printFaultText(const Fault& fault) {
     return u"Hiba lépett fel a nyomtatás során! %1\n%2"_s.arg(fault.number()).arg(fault.text());
 }
 
+// The same of a file that a document was to be saved to.
+inline QString saveFaultText(const Fault& fault) {
+    return u"A fájl mentése nem sikerült! %1\n%2"_s.arg(fault.number()).arg(fault.text());
+}
+
 } // namespace vandrel

@@ -237,10 +237,27 @@ void qcPrinter::AddText(const QString& text, const TextLook& look, const QString
     item.measure({reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())});
 }
 
+void qcPrinter::AddTextAt(float x, float y, const QString& text, const TextLook& look, int page,
+                          float width) {
+    AddText(text, look);
+    qcTextItem& item = m_items.Item(m_items.Count());
+    const double left = item.inside(x, Axis::horizontal) - m_engine.marginLeft;
+    const double room = item.inside(width, Axis::horizontal);
+    item.setAbsolute(true);
+    item.setAbsPage(page);
+    TextStyle& style = item.change(true);
+    style.indentLeft = static_cast<float>(left);
+    if (width > 0) style.indentRight = static_cast<float>(m_engine.printableWidth() - left - room);
+    style.top = item.inside(y, Axis::vertical);
+    style.formOffset = static_cast<float>(-m_engine.marginTop);
+    item.GetSize();
+}
+
 void qcPrinter::ResetItems() {
     m_items = {};
     m_form.reset();
     m_table.clear();
+    m_previewNote.clear();
     makeSlots();
     m_engine.raisePaging();
 }
@@ -335,6 +352,10 @@ bool qcPrinter::PrintOnto(PrintJob& job, int startPage, int endPage, int copies,
     if (total == 0) return false; // no page was asked for; a printer would put out a blank one
     job.endDoc();
     return true;
+}
+
+bool qcPrinter::PrintAtOnce() {
+    return m_engine.printAtOnce && m_engine.printAtOnce(*this);
 }
 
 void qcPrinter::Preview() {

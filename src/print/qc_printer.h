@@ -71,6 +71,13 @@ class qcPrinter {
     // The same content as rows and columns; empty where a document has none. Emptied with the items.
     DocumentTable& table() { return m_table; }
 
+    // Told in the preview beside the pages: what the document leaves out. Emptied with the items.
+    const QString& PreviewNote() const { return m_previewNote; }
+    void setPreviewNote(const QString& note) { m_previewNote = note; }
+    // The name that a file of it is offered under, without ending; empty: AppName.
+    QString SaveName() const { return m_saveName.isEmpty() ? m_appName : m_saveName; }
+    void setSaveName(const QString& name) { m_saveName = name; }
+
     // Total of pages, at least 1; paginates first if NeedsPaging is set.
     int Pages();
     int ItemCount() const { return m_items.Count(); }
@@ -90,6 +97,11 @@ class qcPrinter {
     void HeaderCopy(int from, int to);
     void FooterCopy(int from, int to);
 
+    // A text at a place of a page: x and y from the paper's upper left corner, in ScaleMode, by the margins
+    // of now. It takes no part in the flow. width: the room in which it breaks its lines and is aligned; 0:
+    // up to the right margin. What reaches below the bottom margin is not drawn.
+    void AddTextAt(float x, float y, const QString& text, const TextLook& look, int page = 1,
+                   float width = 0);
     // Appends a paragraph and measures it. A text of a blank is a blank line. Fault 457 for a key that is
     // taken.
     void AddText(const QString& text, const TextLook& look, const QString& key = {});
@@ -115,6 +127,9 @@ class qcPrinter {
     void usePrinter(int printerNumber);
     // Shows the preview window and waits until it is closed.
     void Preview();
+    // Prints all of it on the printer in use, without the preview; what goes wrong is told to the user, no
+    // printer at all among it. False: nothing came out.
+    bool PrintAtOnce();
 
     // Both are in form_print.cpp.
     // One absolute item on page 1 for every control, as if the form's width were the paper's. alignment is
@@ -169,6 +184,7 @@ class qcPrinter {
     QString m_appName;
     int m_printerNumber = 0;
     PreviewPlacement m_placement;
+    QString m_previewNote, m_saveName;
     int m_pages = 0; // of the last pagination
     qcTextItemCol m_items;
     qcTextItemCol m_slotItems; // Head0 to Head4, Foot0 to Foot4

@@ -1,6 +1,5 @@
 #include "statistics/individual_costs.h"
 
-#include "foundation/institution_data.h"
 #include "platform/format.h"
 #include "print/literal_text.h"
 
@@ -25,7 +24,7 @@ QString caption(const QString& name, const QString& value) {
 }
 
 void institution(ListRun& run) {
-    const Institution stored = readInstitution(run.station).value_or(Institution());
+    const Institution stored = institutionOf(run);
     run.text(u"INTÉZMÉNYI ADATOK:"_s);
     run.text(caption(u"neve:"_s, literalText(stored.Int_nev)));
     run.text(caption(u"kódja:"_s, u" "_s)); // Deliberate: no code is printed
@@ -103,8 +102,9 @@ void Egyeni_koltseg_nyom(ListRun& run) {
     run.title(u"Egyéni szolgáltatás és ráfordított költség kimutatás"_s);
     run.blank();
     institution(run);
-    run.row({u"Név"_s, u"TAJ"_s, u"Munkahely"_s, u"Munkahely neve"_s, u"Dátum"_s, u"BNO-k"_s, u"WHO"_s,
-             u"Megnevezés"_s, u"Mennyiség"_s, u"Pontszám egységre"_s, u"Pontszám összesen"_s, u"Összeg"_s});
+    run.heads({u"Név"_s, u"TAJ"_s, u"Munkahely"_s, u"Munkahely neve"_s, u"Dátum"_s, u"BNO-k"_s, u"WHO"_s,
+               u"Megnevezés"_s, u"Mennyiség"_s, u"Pontszám egységre"_s, u"Pontszám összesen"_s, u"Összeg"_s},
+              4);
 
     PatientHead who;
     QString unit;

@@ -1,6 +1,5 @@
 #include "statistics/individual_lists.h"
 
-#include "foundation/institution_data.h"
 #include "platform/format.h"
 #include "print/literal_text.h"
 
@@ -14,7 +13,7 @@ namespace {
 
 // "Készült", the institution and the title, as both lists begin.
 void individualHead(ListRun& run, const QString& title) {
-    const Institution institution = readInstitution(run.station).value_or(Institution());
+    const Institution institution = institutionOf(run);
     run.blank();
     run.made();
     run.blank();
@@ -51,7 +50,7 @@ void Ossz_lista_nyom(ListRun& run) {
     run.text(at(120, u"Beavatkozás mennyisége "_s));
     run.text(u"Who"_s + at(15, u"Megnevezés"_s) + at(105, u" ambuláns"_s) + at(134, u" fekvőbeteg"_s) +
              at(160, u" összesen"_s));
-    run.row({u"WHO"_s, u"Megnevezés"_s, u"Ambuláns"_s, u"Fekvőbeteg"_s, u"Összesen"_s});
+    run.heads({u"WHO"_s, u"Megnevezés"_s, u"Ambuláns"_s, u"Fekvőbeteg"_s, u"Összesen"_s}, 3);
 
     enum Column { AZONOSITO, TERITES };
     std::map<QString, PatientCounts, CodeOrder> procedures;
@@ -85,12 +84,18 @@ void Ossz_lista_nyom(ListRun& run) {
 
 // --- list 8 ------------------------------------------------------------------------------------------------
 
+namespace {
+const QString allUnits = u"Minden munkahely"_s;
+}
+
 void VizDijStat_Nyom(ListRun& run) {
     individualHead(run, u"Vizitdíj statisztika"_s);
-    run.text(u"Szakrendelő: "_s + literalText(run.lookUps.unit(run.request.code).name));
+    run.text(u"Szakrendelő: "_s +
+             literalText(run.request.allUnits ? allUnits : run.lookUps.unit(run.request.code).name));
     run.blank();
     run.text(u"Név"_s + at(80, u"Ellátás ideje"_s) + at(110, u" Orvos"_s) + at(150, u" Összeg (Ft)"_s));
-    run.row({u"Név"_s, u"Dátum"_s, u"Idő"_s, u"Munkahely"_s, u"Orvoskód"_s, u"Orvos"_s, u"Összeg (Ft)"_s});
+    run.heads({u"Név"_s, u"Dátum"_s, u"Idő"_s, u"Munkahely"_s, u"Orvoskód"_s, u"Orvos"_s, u"Összeg (Ft)"_s},
+              1);
 
     enum Column { PaciensId, ORVKOD, F_DATUM, F_IDO, SZAKREND, VizDijOsszeg };
     double total = 0;

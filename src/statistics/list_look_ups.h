@@ -6,11 +6,17 @@
 
 #include <QHash>
 
+#include <functional>
+#include <optional>
+
 namespace vandrel {
 
 class ListLookUps {
   public:
-    explicit ListLookUps(Workstation& station) : m_station(station) {}
+    // Runs a look-up, again and again while another program holds its data file.
+    using Waiting = std::function<void(const std::function<void()>& lookUp)>;
+
+    ListLookUps(Workstation& station, Waiting waiting) : m_station(station), m_waiting(std::move(waiting)) {}
 
     struct Unit {
         QString name;      // empty when the unit is unknown
@@ -35,13 +41,16 @@ class ListLookUps {
   private:
     // A look-up that faults is not kept.
     template<class Value, class LookUp>
-    static const Value& kept(QHash<QString, Value>& values, const QString& code, LookUp lookUp) {
+    const Value& kept(QHash<QString, Value>& values, const QString& code, LookUp lookUp) {
         const auto found = values.constFind(code);
         if (found != values.constEnd()) return *found;
-        return *values.insert(code, lookUp());
+        std::optional<Value> value;
+        m_waiting([&] { value.emplace(lookUp()); });
+        return *values.insert(code, *std::move(value));
     }
 
     Workstation& m_station;
+    Waiting m_waiting;
     QHash<QString, Unit> m_units;
     QHash<QString, ProcedureEntry> m_procedures;
     QHash<QString, QString> m_diagnoses;

@@ -8,6 +8,8 @@
 
 namespace vandrel {
 
+using namespace Qt::StringLiterals;
+
 // The eight lists by their numbers in the menu.
 enum class StatisticsList {
     trafficLog = 1,
@@ -29,7 +31,8 @@ struct ListRequest {
     QString to{};
     QString fromCode{}; // first unit (lists 1, 4 and 5) or referrer (list 3)
     QString toCode{};
-    QString code{}; // TAJ (list 6) or unit (lists 7 and 8)
+    QString code{};        // TAJ (list 6) or unit (lists 7 and 8)
+    bool allUnits = false; // list 8: whatever the code is
 };
 
 enum class ListOutcome {
@@ -38,6 +41,15 @@ enum class ListOutcome {
     stopped, // the user broke it off; no document
     failed   // a fault, and the user has been told; no document
 };
+
+// The texts of the status line. A run tells the first two itself; the others belong to the caller: one before
+// the preview opens, one when it is closed.
+namespace list_status {
+inline const QString processing = u"Feldolgozás..."_s;
+inline const QString waiting = u"Várakozás: az adatállományt más program használja..."_s;
+inline const QString makingPreview = u"Nyomtatási kép létrehozása..."_s;
+inline const QString ready = u"Lista kész!"_s;
+} // namespace list_status
 
 // How a running list shows itself. Empty functions are allowed.
 struct ListProgress {

@@ -2,6 +2,9 @@
 
 #include "platform/format.h"
 
+#include <QThread>
+
+#include <chrono>
 #include <optional>
 #include <string>
 
@@ -11,24 +14,52 @@ namespace vandrel {
 
 namespace {
 
+constexpr unsigned long retryPause = 10; // milliseconds between two tries of a locked file
 constexpr float titleSize = 14;
 constexpr float closingSize = 11;
 
 } // namespace
 
 ListRun::ListRun(Workstation& workstation, const ListRequest& asked, ListWriter& writer,
-                 const ListProgress& listProgress, std::vector<qint64> selected, OnFault onFault)
-    : station(workstation), request(asked), lookUps(workstation), sheets(std::move(selected)),
-      m_writer(writer), m_progress(listProgress), m_onFault(onFault), m_turn(workstation.serveEvents) {}
+                 const ListProgress& listProgress, OnFault onFault)
+    : station(workstation), request(asked),
+      lookUps(workstation, [this](const auto& lookUp) { waiting(lookUp); }), m_writer(writer),
+      m_progress(listProgress), m_onFault(onFault), m_turn(workstation.serveEvents) {}
+
+ListRun::~ListRun() {
+    if (m_waited) data().setLockWait(Database::usualLockWait);
+}
 
 void ListRun::turn(qint64 done, qint64 all) {
     const bool display = m_turn.displayDue();
     if ((display || done == all) && m_progress.sheetsDone) m_progress.sheetsDone(done, all);
     m_turn.serve();
     if (m_progress.ending && m_progress.ending()) throw ListStopped();
-    if (display && m_progress.stopWanted && m_progress.stopWanted() &&
+    if (display) askWhetherToStop();
+}
+
+void ListRun::askWhetherToStop() {
+    if (m_progress.stopWanted && m_progress.stopWanted() &&
         station.dialogue.ask(u"Megszakítja a lista készítését?"_s))
         throw ListStopped();
+}
+
+void ListRun::waiting(const std::function<void()>& statement) {
+    for (bool told = false;; told = true) {
+        try {
+            statement();
+            if (told && m_progress.status) m_progress.status(list_status::processing);
+            return;
+        } catch (const Fault& fault) {
+            if (fault.number() != fault::dataFileInUse) throw;
+        }
+        if (!told && m_progress.status) m_progress.status(list_status::waiting);
+        if (!std::exchange(m_waited, true)) data().setLockWait(std::chrono::milliseconds(0));
+        QThread::msleep(retryPause);
+        m_turn.serve();
+        if (m_progress.ending && m_progress.ending()) throw ListStopped();
+        askWhetherToStop();
+    }
 }
 
 void ListRun::eachSheet(std::string_view columns, const std::function<void(const Query&)>& sheet) {
@@ -45,11 +76,21 @@ void ListRun::eachRow(DataFile file, std::string_view table, std::string_view co
     const auto all = static_cast<qint64>(rows.size());
     qint64 done = 0;
     for (const qint64 rowid : rows) {
-        attempt([&] {
-            if (!lock) lock.emplace(database);
-            Query found = database.query(sql, rowid);
-            if (found.next()) row(found);
+        m_failed = false;
+        const bool read = attempt([&] {
+            // The first row after a turn takes the lock, the others read under it.
+            std::optional<Query> found;
+            bool there = false;
+            waiting([&] {
+                found.reset();
+                if (!lock) lock.emplace(database);
+                found.emplace(database.query(sql, rowid));
+                there = found->next();
+            });
+            if (there) row(*found);
         });
+        m_unread += read ? 0 : 1;
+        m_incomplete += read && m_failed ? 1 : 0;
         ++done;
         if (done < all && !m_turn.due()) continue;
         lock.reset();
@@ -66,6 +107,7 @@ bool ListRun::attempt(const std::function<void()>& statement) {
         statement();
         return true;
     } catch (const Fault&) {
+        m_failed = true;
         return false; // Deliberate: these lists go on over a failing statement
     }
 }
@@ -81,6 +123,7 @@ void ListRun::blank() {
 }
 
 void ListRun::title(const QString& line) {
+    m_writer.caption(line, u"Időszak: "_s + request.from + u" - "_s + request.to);
     m_writer.text(line, {.size = titleSize, .bold = true, .centred = true});
 }
 
@@ -104,6 +147,12 @@ void ListRun::period() {
 
 void ListRun::rule(float points, int length) {
     m_writer.text(QString(length, u'_'), {.size = points});
+}
+
+Institution institutionOf(ListRun& run) {
+    Institution found;
+    run.waiting([&] { found = readInstitution(run.station).value_or(Institution()); });
+    return found;
 }
 
 QString at(int indent, QStringView text) {

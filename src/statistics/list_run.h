@@ -2,6 +2,7 @@
 // failing statement is met. Knows no list.
 #pragma once
 
+#include "foundation/institution_data.h"
 #include "platform/event_turn.h"
 #include "statistics/list_look_ups.h"
 #include "statistics/list_request.h"
@@ -22,17 +23,26 @@ enum class OnFault { skipStatement, endList };
 class ListRun {
   public:
     ListRun(Workstation& workstation, const ListRequest& asked, ListWriter& writer,
-            const ListProgress& listProgress, std::vector<qint64> selected, OnFault onFault);
+            const ListProgress& listProgress, OnFault onFault);
+    ~ListRun();
     ListRun(const ListRun&) = delete;
     ListRun& operator=(const ListRun&) = delete;
 
     Workstation& station;
     const ListRequest& request;
     ListLookUps lookUps;
-    const std::vector<qint64> sheets; // rowids in BETEG, in the list's order
+    std::vector<qint64> sheets; // rowids in BETEG, in the list's order
 
     Database& data() { return station.files[DataFile::tetdata]; }
     Database& scratch() { return station.files[DataFile::tetseged]; }
+
+    // Runs a statement until no other program holds its data file; the event loop gets its turns meanwhile,
+    // and the user may break the list off. The statement begins anew each time.
+    void waiting(const std::function<void()>& statement);
+    // Sheets of a list that goes on over failing statements: those that could not be read at all, and those
+    // of which something is missing.
+    qint64 unreadSheets() const { return m_unread; }
+    qint64 incompleteSheets() const { return m_incomplete; }
 
     // Calls sheet with each row of the selection, with these columns of BETEG in their order. The event loop
     // gets its turns between two sheets; no statement and no lock is open then.
@@ -56,6 +66,8 @@ class ListRun {
     void made();                              // "Készült: " and today
     void period();                            // "Időszak: " and both dates
     void rule(float points, int length = 81); // of underscores
+    // The table's heads, of which so many at the end are of numbers; then its rows.
+    void heads(const QStringList& names, int numbers) { m_writer.heads(names, numbers); }
     void row(const QStringList& cells) { m_writer.row(cells); }
     QString fitted(const QString& line, double millimetres) const {
         return m_writer.fitted(line, millimetres, m_body);
@@ -63,13 +75,21 @@ class ListRun {
 
   private:
     void turn(qint64 done, qint64 all);
+    void askWhetherToStop();
 
     ListWriter& m_writer;
     const ListProgress& m_progress;
     const OnFault m_onFault;
+    qint64 m_unread = 0;
+    qint64 m_incomplete = 0;
+    bool m_failed = false; // a statement of the row at hand
+    bool m_waited = false; // the data file waits for locks only a moment: the run does it instead
     EventTurn m_turn;
     LineLook m_body;
 };
+
+// The institution, blank where none is stored yet; waits for its data file.
+Institution institutionOf(ListRun& run);
 
 // --- parts of lines ----------------------------------------------------------------------------------------
 

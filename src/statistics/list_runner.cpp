@@ -61,35 +61,53 @@ void startDocument(qcPrinter& document) {
     document.setSetFooter(odd, true);
 }
 
-// Nothing else of the fault policies concerns the lists that skip failing statements.
-void requirePrinter(const qcPrinter& document, OnFault onFault) {
-    if (onFault == OnFault::endList && document.engine().service.printers().empty())
-        throw Fault(fault::noPrinter, u"Nincs telepítve nyomtató!"_s);
-}
-
 void tellFault(Workstation& station, const Fault& fault) {
     station.dialogue.tell(printFaultText(fault), programTitle,
                           fault.number() == fault::noPrinter ? Icon::critical : Icon::warning);
 }
 
+QString leftOut(const ListRun& run) {
+    QStringList told;
+    if (run.unreadSheets() > 0) told << u"%1 adatlap nem volt olvasható"_s.arg(run.unreadSheets());
+    if (run.incompleteSheets() > 0) told << u"%1 adatlap adatai hiányosak"_s.arg(run.incompleteSheets());
+    return told.join(u"; "_s);
+}
+
 ListOutcome made(Workstation& station, StatisticsList list, const ListRequest& request, qcPrinter& document,
                  const ListProgress& progress) {
     const ListEntry& chosen = entry(list);
-    requirePrinter(document, chosen.onFault);
     startDocument(document);
-    std::vector<qint64> sheets = selectSheets(station, list, request);
-    if (sheets.empty() && chosen.noData != nullptr) {
+    ListWriter writer(document);
+    ListRun run(station, request, writer, progress, chosen.onFault);
+    run.waiting([&] { run.sheets = selectSheets(station, list, request); });
+    if (run.sheets.empty() && chosen.noData != nullptr) {
         station.dialogue.tell(QString::fromUtf16(chosen.noData),
                               chosen.noDataTitle ? QString::fromUtf16(chosen.noDataTitle) : programTitle);
         return ListOutcome::noData;
     }
-    ListWriter writer(document);
-    ListRun run(station, request, writer, progress, std::move(sheets), chosen.onFault);
     chosen.produce(run);
+    document.setPreviewNote(leftOut(run));
     return ListOutcome::ready;
 }
 
 } // namespace
+
+QString listFileName(const QString& title, StatisticsList list, const ListRequest& request) {
+    const auto day = [](QString text) {
+        while (text.endsWith(u'.') || text.endsWith(u' '))
+            text.chop(1);
+        return text;
+    };
+    QString name = title.trimmed();
+    if (const QString from = day(request.from), to = day(request.to); !from.isEmpty() && !to.isEmpty())
+        name += u' ' + from + (from == to ? QString() : u'-' + to);
+    const bool one = !request.fromCode.isEmpty() && sameCode(request.fromCode, request.toCode);
+    // A patient's number has no place in the name of a file.
+    QString unit = list == StatisticsList::individualCosts ? QString() : request.code;
+    if (request.allUnits) unit.clear();
+    if (one) unit = request.fromCode;
+    return unit.trimmed().isEmpty() ? name : name + u' ' + unit.trimmed();
+}
 
 ListOutcome runList(Workstation& station, StatisticsList list, const ListRequest& request,
                     qcPrinter& document, const ListProgress& progress) {

@@ -10,24 +10,20 @@
 
 namespace vandrel {
 
-using namespace Qt::StringLiterals;
-
 class qcPrinter;
-
-// The texts of the status line. The first is told by runList; the other two belong to the caller: one before
-// the preview opens, one when it is closed.
-namespace list_status {
-inline const QString processing = u"Feldolgozás..."_s;
-inline const QString makingPreview = u"Nyomtatási kép létrehozása..."_s;
-inline const QString ready = u"Lista kész!"_s;
-} // namespace list_status
 
 // Makes a list into the document: first empties it, its table too. The request has passed its checks. The
 // event loop gets its turns through station.serveEvents. While it runs progress.stopWanted is asked a few
 // times a second; where it says yes, the user is asked ("Megszakítja a lista készítését?"), and only yes
 // breaks the list off: so stopWanted has to forget the key once it has told of it.
+// While another program holds a data file the run waits for it. What a list had to leave out is told in the
+// document's PreviewNote.
 // Whatever ends a list but ready leaves the document empty, and the user has been told. Raises no Fault.
 ListOutcome runList(Workstation& station, StatisticsList list, const ListRequest& request,
                     qcPrinter& document, const ListProgress& progress);
+
+// The name that a list's file is offered under, without ending: the title, the period, and the unit where the
+// list is of one.
+QString listFileName(const QString& title, StatisticsList list, const ListRequest& request);
 
 } // namespace vandrel

@@ -41,8 +41,8 @@ constexpr Check monthlyChecks[] = {
 constexpr Check individualChecks[] = {
     monthlyChecks[0],
     monthlyChecks[1],
-    {[](const ListRequest& r) { return r.code.trimmed().isEmpty(); }, u"Munkahelykód kitöltése kötelező!",
-     list_field::code},
+    {[](const ListRequest& r) { return !r.allUnits && r.code.trimmed().isEmpty(); },
+     u"Munkahelykód kitöltése kötelező!", list_field::code},
 };
 
 constexpr Check categoryChecks[] = {
@@ -195,7 +195,8 @@ std::vector<qint64> selectSheets(Workstation& station, StatisticsList list, cons
         return question.run(station, "rowid");
     case StatisticsList::visitFees:
         question.period(request.from, request.to, monthTextLength);
-        if (!request.code.trimmed().isEmpty()) question.where("SZAKREND=?", request.code);
+        if (!request.allUnits && !request.code.trimmed().isEmpty())
+            question.where("SZAKREND=?", request.code);
         return question.run(station, "rowid"); // no order of its own: as the sheets were stored
     }
     return {};

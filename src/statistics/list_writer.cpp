@@ -13,8 +13,8 @@ namespace vandrel {
 namespace {
 
 const QString listFont = u"Times New Roman"_s;
-// Below this nobody can read it; a text that is wider still runs into its neighbour.
-constexpr float smallestSize = 5;
+constexpr float smallestSize = 7; // points; below it paper is hard to read
+constexpr QChar ellipsis(0x2026);
 
 } // namespace
 
@@ -26,6 +26,14 @@ void ListWriter::text(const QString& line, const LineLook& look) {
     full.underline = look.underline;
     full.alignment = look.centred ? item_alignment::centre : item_alignment::left;
     m_document.AddText(line, full);
+}
+
+void ListWriter::caption(const QString& title, const QString& subtitle) {
+    m_document.table().setCaption(title, subtitle);
+}
+
+void ListWriter::heads(const QStringList& names, int numbers) {
+    m_document.table().addHeads(names, numbers);
 }
 
 void ListWriter::row(const QStringList& cells) {
@@ -46,7 +54,15 @@ QString ListWriter::fitted(const QString& text, double millimetres, const LineLo
     while (size > smallestSize && width(size) > room)
         size -= 0.5F;
     size = std::max(size, smallestSize);
-    return u"<SIZE="_s + QString::number(size) + u'>' + literalText(text) + u"</SIZE>"_s;
+    const Face& face = engine.meter.face({listFont, size, look.bold, false});
+    QString kept = text, shown = text;
+    while (!kept.isEmpty() && face.width(shown) > room) {
+        kept.chop(kept.size() > 1 && kept.back().isLowSurrogate() ? 2 : 1);
+        while (kept.endsWith(u' '))
+            kept.chop(1);
+        shown = kept + ellipsis;
+    }
+    return u"<SIZE="_s + QString::number(size) + u'>' + literalText(shown) + u"</SIZE>"_s;
 }
 
 } // namespace vandrel

@@ -22,10 +22,14 @@ class ListWriter {
 
     // One printed line, tags and all. A blank is a blank line.
     void text(const QString& line, const LineLook& look);
-    // One row of the table; the first one is its heads.
+    // What the table is of: the list's title and its period.
+    void caption(const QString& title, const QString& subtitle);
+    // The table's heads, of which so many at the end are of numbers; then its rows.
+    void heads(const QStringList& names, int numbers);
     void row(const QStringList& cells);
     // Data as they have to be written so that they stay within so many millimetres in a line of that look: a
-    // text too wide comes back between SIZE tags. Nothing is cut, and a "<" in it prints.
+    // text too wide comes back between SIZE tags, and one that is too wide at 7 points too ends in "…". A "<"
+    // in it prints.
     QString fitted(const QString& text, double millimetres, const LineLook& look) const;
 
   private:

@@ -59,8 +59,9 @@ void Bekuldok_havi_nyom(ListRun& run) {
 
     const std::vector<qint64> lines = copyLines(run, ScratchKey::referrerAndUnit);
     costHeads(run);
-    run.row({u"Beküldő"_s, u"Munkahely"_s, u"WHO"_s, u"Megnevezés"_s, u"Mennyiség"_s, u"Pontszám egységre"_s,
-             u"Pontszám összesen"_s, u"Összesen (Ft)"_s});
+    run.heads({u"Beküldő"_s, u"Munkahely"_s, u"WHO"_s, u"Megnevezés"_s, u"Mennyiség"_s,
+               u"Pontszám egységre"_s, u"Pontszám összesen"_s, u"Összesen (Ft)"_s},
+              4);
 
     enum Column { BEAV, MENNY, IGENYLO, SZAKREND };
     QString referrer;
@@ -133,8 +134,9 @@ void Elvegz_beav_nyom(ListRun& run) {
 
     const std::vector<qint64> lines = copyLines(run, ScratchKey::unit);
     costHeads(run);
-    run.row({u"Szakrendelő"_s, u"Szakrendelő neve"_s, u"WHO"_s, u"Megnevezés"_s, u"Mennyiség"_s,
-             u"Pontszám egységre"_s, u"Pontszám összesen"_s, u"Összesen (Ft)"_s});
+    run.heads({u"Szakrendelő"_s, u"Szakrendelő neve"_s, u"WHO"_s, u"Megnevezés"_s, u"Mennyiség"_s,
+               u"Pontszám egységre"_s, u"Pontszám összesen"_s, u"Összesen (Ft)"_s},
+              4);
 
     enum Column { BEAV, MENNY, SZAKREND };
     QString unit;

@@ -53,7 +53,7 @@ void printSheet(ListRun& run, const Query& sheet, const PatientColumns& patient,
 
 void Bekuldok_vandrel_nyom(ListRun& run) {
     logHead(run, u"Tételes lista a beküldőkről"_s);
-    run.row(tableHeads);
+    run.heads(tableHeads, 2);
     QString referrer, category;
     bool first = true;
     run.eachSheet(columns, [&](const Query& sheet) {

@@ -125,7 +125,7 @@ void tableRow(ListRun& run, const Texts& t, const PatientColumns& patient, const
 
 void BetForg_naplo_Nyom(ListRun& run) {
     logHead(run, u"Ambuláns betegforgalmi napló"_s);
-    run.row(tableHeads);
+    run.heads(tableHeads, 0);
     QString unit, category;
     qint64 count = 0;
     run.eachSheet(columns, [&](const Query& sheet) {

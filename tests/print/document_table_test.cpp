@@ -48,6 +48,15 @@ TEST(DocumentTable, Bytes) {
     EXPECT_EQ(saved(table, windows1250), "");
 }
 
+TEST(DocumentTable, WhatASpreadsheetWouldCalculateStaysText) {
+    DocumentTable table;
+    table.addRow({u"=1+1"_s, u"+36 1"_s, u"-5"_s, u"-5,25"_s, u"-"_s, u"@x"_s, u"+7,"_s, u"a=b"_s});
+    table.addRow({u"=\"x\";1"_s, u"-2+3"_s, u"'=1"_s});
+    EXPECT_EQ(saved(table, DocumentTable::Encoding::utf8),
+              "\xEF\xBB\xBF'=1+1;'+36 1;-5;-5,25;'-;'@x;'+7,;a=b\r\n"
+              "\"'=\"\"x\"\";1\";'-2+3;'=1\r\n");
+}
+
 // Longer than what is kept as it was written.
 TEST(DocumentTable, LongTable) {
     DocumentTable table;

@@ -83,6 +83,10 @@ TEST(ListSelectionTest, TakesTheSheetsOfTheRequestInTheListsOrder) {
          {2, 3, 4, 7, 9}},
         {"fees of one unit", fees, individual(april, april, u"010000001"_s), {6}},
         {"fees of all units", fees, individual(march, march, u" "_s), {1, 2, 3, 4, 5, 7, 8, 9, 10}},
+        {"fees of all units, whatever the field holds",
+         fees,
+         {.from = april, .to = april, .code = u"020000002"_s, .allUnits = true},
+         {6}},
         {"list 2 reads no data", StatisticsList::unitPerformance, {}, {}},
     };
     for (const Case& c : cases) // the sheets were stored in the order of their keys
@@ -117,6 +121,7 @@ TEST(ListSelectionTest, ChecksComplainInTheirOrder) {
         {costs, individual(month, month, u" "_s), code, fieldName(list_field::code)},
         {fees, individual(month, month, {}), code, fieldName(list_field::code)},
         {fees, individual(month, month, u"1"_s), {}, {}},
+        {fees, {.from = month, .to = month, .allUnits = true}, {}, {}},
         {StatisticsList::unitPerformance, {}, {}, {}},
     };
     for (const Case& c : cases) {

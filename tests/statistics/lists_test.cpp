@@ -227,6 +227,7 @@ TEST_F(ListsTest, TheItemisedListsGoOnOverFailingStatements) {
     removeFile(DataFile::beav);
     removeFile(DataFile::tetmod);
     ASSERT_EQ(run(StatisticsList::referrersItemised), ListOutcome::ready);
+    EXPECT_EQ(document.PreviewNote(), u"4 adatlap adatai hiányosak"_s); // one has no procedures
     EXPECT_TRUE(written().contains(u"9|<LINDENT=5>11041<LINDENT=15> </LINDENT><LINDENT=140>10*0\n"_s));
     clinic.data().executeScript("drop table EUSZOLG");
     ASSERT_EQ(run(StatisticsList::trafficLog), ListOutcome::ready);
@@ -254,17 +255,58 @@ TEST_F(ListsTest, AFaultEndsTheOtherLists) {
     }
 }
 
+// The preview saves into files too, so a list needs no printer.
 TEST_F(ListsTest, WithoutAnyPrinter) {
     stand.printers.entries.clear();
-    for (const StatisticsList list : {StatisticsList::unitPerformance, StatisticsList::visitFees}) {
-        dialogue.expect(u"Nincs telepítve nyomtató, Ambuláns adatlap nem nyomtatható ki!"_s);
-        EXPECT_EQ(run(list), ListOutcome::failed);
-        EXPECT_TRUE(empty());
-    }
-    EXPECT_EQ(run(StatisticsList::trafficLog), ListOutcome::ready);
+    for (int number = 1; number <= 8; ++number)
+        EXPECT_EQ(run(static_cast<StatisticsList>(number)), ListOutcome::ready) << number;
 }
 
-TEST_F(ListsTest, ATextTooWideForItsColumnIsSetSmallerAndNotCut) {
+TEST_F(ListsTest, AListWaitsForAnotherProgramsLock) {
+    Database other(clinic.workstation.files.path(DataFile::tetdata));
+    other.execute("begin exclusive");
+    int turns = 0;
+    QStringList status;
+    ListProgress progress;
+    progress.status = [&](const QString& text) { status << text; };
+    clinic.workstation.serveEvents = [&] {
+        if (++turns == 2) other.execute("commit");
+    };
+    const ListRequest request = clinicRequest(StatisticsList::trafficLog);
+    ASSERT_EQ(run(StatisticsList::trafficLog, request, progress), ListOutcome::ready);
+    EXPECT_GE(turns, 2);
+    EXPECT_EQ(status, (QStringList{list_status::processing, list_status::waiting, list_status::processing}));
+    EXPECT_TRUE(written().contains(u"Munkahely összesen:  5\n"_s));
+    // The user need not wait.
+    other.execute("begin exclusive");
+    turns = 2;
+    progress.stopWanted = [] { return true; };
+    dialogue.expectQuestion(u"Megszakítja a lista készítését?"_s, Answer::yes);
+    EXPECT_EQ(run(StatisticsList::trafficLog, request, progress), ListOutcome::stopped);
+    other.execute("commit");
+}
+
+TEST_F(ListsTest, FileNamesSayPeriodAndUnit) {
+    const auto name = [](StatisticsList list, ListRequest request) {
+        return listFileName(u" Napló"_s, list, request);
+    };
+    const QString first = u"2008.03.01."_s, last = u"2008.03.31."_s, month = u"2008.03"_s;
+    EXPECT_EQ(
+        name(StatisticsList::trafficLog, {.from = first, .to = last, .fromCode = u"1"_s, .toCode = u"2"_s}),
+        u"Napló 2008.03.01-2008.03.31"_s);
+    EXPECT_EQ(name(StatisticsList::proceduresDone,
+                   {.from = month, .to = month, .fromCode = u"a1"_s, .toCode = u"A1 "_s}),
+              u"Napló 2008.03 a1"_s);
+    EXPECT_EQ(name(StatisticsList::combined, {.from = month, .to = u"2008.04"_s, .code = u"7 "_s}),
+              u"Napló 2008.03-2008.04 7"_s);
+    EXPECT_EQ(name(StatisticsList::visitFees, {.from = month, .to = month, .code = u"7"_s, .allUnits = true}),
+              u"Napló 2008.03"_s);
+    EXPECT_EQ(name(StatisticsList::individualCosts, {.from = month, .to = month, .code = u"123456788"_s}),
+              u"Napló 2008.03"_s);
+    EXPECT_EQ(name(StatisticsList::unitPerformance, {}), u"Napló"_s);
+}
+
+TEST_F(ListsTest, ATextTooWideForItsColumnIsSetSmallerAndThenCut) {
     const QString name = u"Őrgróf Pallavicininé Nagy-Kovács Erzsébet Mária"_s;
     clinic.data().execute("update Paciensek set Neve=?1 where ID=1", name);
     FixedMeter wide; // 90 twips a character at 9 points
@@ -281,13 +323,33 @@ TEST_F(ListsTest, ATextTooWideForItsColumnIsSetSmallerAndNotCut) {
     EXPECT_LE(wide.face({u"Times New Roman"_s, size.toFloat(), false, false}).width(caption), room);
     EXPECT_GT(wide.face({u"Times New Roman"_s, size.toFloat() + 0.5F, false, false}).width(caption), room);
 
+    // At 7 points it ends in three dots, within the column; the table has it whole.
+    const QString longName = u"Őrgróf Pallavicininé "_s.repeated(6).trimmed();
+    clinic.data().execute("update Paciensek set Neve=?1 where ID=1", longName);
+    ASSERT_EQ(runList(clinic.workstation, list, clinicRequest(list), page, {}), ListOutcome::ready);
+    const QString cut = page.TextItem().Item(12).Text();
+    ASSERT_TRUE(cut.startsWith(u"<SIZE=7>Őrgróf Pallavicininé "_s)) << cut.toStdString();
+    const QString shown = cut.mid(8, cut.indexOf(u"</SIZE>"_s) - 8);
+    const Face& seven = wide.face({u"Times New Roman"_s, 7, false, false});
+    EXPECT_TRUE(shown.endsWith(u'…'));
+    EXPECT_FALSE(shown.endsWith(u" …"_s));
+    EXPECT_LE(seven.width(shown), room);
+    EXPECT_GT(seven.width(shown) + 2 * seven.width(U'n') + seven.width(U' '), room);
+    bool whole = false;
+    page.table().eachRow([&](const DocumentTable::Row& row) {
+        whole = whole || QString::fromUtf8(row[0]) == longName + u" (123456788)"_s;
+    });
+    EXPECT_TRUE(whole);
+    clinic.data().execute("update Paciensek set Neve=?1 where ID=1", name);
+
     // A type that was kept with its meaning would reach into the next column.
     clinic.data().execute("update Paciensek set Azon_Tipus='1: TAJ szám' where ID=1");
     for (const StatisticsList log : {StatisticsList::trafficLog, StatisticsList::referrersItemised}) {
         ASSERT_EQ(runList(clinic.workstation, log, clinicRequest(log), page, {}), ListOutcome::ready);
         int fitted = 0;
         for (const qcTextItem& item : page.TextItem())
-            fitted += item.Text().contains(u">123456788/1: TAJ szám</SIZE>"_s);
+            fitted += item.Text().contains(u"<SIZE=7>123456788/1: TAJ"_s) ||
+                      item.Text().contains(u">123456788/1: TAJ szám</SIZE>"_s);
         EXPECT_GT(fitted, 0) << static_cast<int>(log);
     }
 }

@@ -4,10 +4,12 @@
 #include "foundation/forms/field_chain.h"
 #include "foundation/forms/window_helpers.h"
 #include "print/forms/frmPrint.h"
+#include "print/forms/print_at_once.h"
 #include "print/forms/printing_watch.h"
 #include "print/pdf_file.h"
 #include "print/print_fault.h"
 #include "print/save_name.h"
+#include "print/workbook_file.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -31,6 +33,7 @@ namespace {
 
 constexpr int stripHeight = 600 / 15;
 const QString printing = u"Nyomtatás..."_s;
+const QString saving = u"Mentés..."_s;
 const QString title = u"Nyomtatás"_s;
 
 QPushButton* button(const QString& text, const char* name, const QString& key) {
@@ -60,6 +63,7 @@ frmPreview::frmPreview(qcPrinter& document, PreviewPorts& ports, QWidget* parent
     column->addWidget(m_area, 1);
     makeKeys();
     showZoom();
+    m_note->setText(m_document.PreviewNote());
     Preview_Display(1);
     m_area->setFocus();
 }
@@ -149,7 +153,7 @@ void frmPreview::makeKeys() {
 
 void frmPreview::goTo(int page) {
     if (m_printing || page < 1 || page > m_total || page == m_page) return;
-    m_note->clear();
+    m_note->setText(m_document.PreviewNote());
     Preview_Display(page);
 }
 
@@ -210,16 +214,23 @@ void frmPreview::print() {
     dialog.setPageMax(m_total);
     dialog.exec();
     if (!dialog.PrintDoc()) return;
+    if (dialog.ToPdf()) {
+        saveAsPdf(m_pdf->text(), dialog.PageStart(), dialog.PageEnd(), dialog.Copies(), dialog.Collate());
+        return;
+    }
     const int printer = m_document.engine().printer.number();
-    work([&] {
+    int pages = 0;
+    const bool printed = work(Work::printing, [&] {
         int end = dialog.PageEnd();
         const bool all = dialog.PageStart() == 1 && end == m_total;
         m_document.usePrinter(dialog.PrinterNumber());
         // Other paper may take more pages: all of them still means all.
         if (all) end = m_document.Pages();
+        pages = (end - dialog.PageStart() + 1) * std::max(dialog.Copies(), 1);
         return m_document.PrintDoc(dialog.PageStart(), end, dialog.Copies(), dialog.Collate(),
                                    dialog.PrinterNumber());
     });
+    if (printed) m_note->setText(u"Kinyomtatva: %1 oldal"_s.arg(pages));
     if (printer == m_document.engine().printer.number()) return;
     // For another printer the document was laid out anew.
     m_total = m_document.Pages();
@@ -228,7 +239,7 @@ void frmPreview::print() {
 
 // Runs a print job with everything closed; faults are told when the window can be used again. True: it came
 // out.
-bool frmPreview::work(const std::function<bool()>& job) {
+bool frmPreview::work(Work what, const std::function<bool()>& job) {
     m_printing = true;
     QWidget* focused = focusWidget();
     m_area->setFrozen(true);
@@ -239,7 +250,7 @@ bool frmPreview::work(const std::function<bool()>& job) {
     for (QPushButton* save : {m_pdf, m_table})
         save->hide(); // what is told of the pages needs their room
     m_note->clear();
-    m_status->setText(printing);
+    m_status->setText(what == Work::printing ? printing : saving);
     m_strip->repaint();
     bool done = false;
     std::optional<Fault> failed;
@@ -260,30 +271,37 @@ bool frmPreview::work(const std::function<bool()>& job) {
     m_area->setFrozen(false);
     if (focused != nullptr) focused->setFocus();
     m_printing = false;
-    if (failed) tell(*failed);
+    if (failed) tell(*failed, what);
     return done;
 }
 
-void frmPreview::tell(const Fault& fault) {
+void frmPreview::tell(const Fault& fault, Work what) {
     if (m_ports.fault)
         m_ports.fault(fault);
-    else
+    else if (what == Work::printing)
         m_ports.dialogue->tell(printFaultText(fault), title, Icon::warning);
+    else
+        m_ports.dialogue->tell(saveFaultText(fault), what == Work::pdf ? m_pdf->text() : m_table->text(),
+                               Icon::warning);
 }
 
 std::optional<SaveAnswer> frmPreview::askWhere(const QString& caption, const QStringList& filters,
-                                               const QString& ending) {
-    return askTarget(this, *m_ports.dialogue, m_ports.askSavePath, m_ports.saveFolder,
-                     {caption, suggestedFileName(m_document.AppName(), ending), filters}, ending);
+                                               const QStringList& endings) {
+    return askTarget(
+        this, *m_ports.dialogue, m_ports.askSavePath, m_ports.saveFolder,
+        {caption, suggestedFileName(m_document.SaveName(), endings.constFirst()), filters, endings});
 }
 
 void frmPreview::savePdf() {
-    if (m_printing) return;
-    const auto answer = askWhere(m_pdf->text(), {u"PDF fájl (*.pdf)"_s}, u"pdf"_s);
+    if (!m_printing) saveAsPdf(m_pdf->text(), 1, m_document.Pages(), 1, true);
+}
+
+void frmPreview::saveAsPdf(const QString& caption, int startPage, int endPage, int copies, bool collate) {
+    const auto answer = askWhere(caption, {u"PDF fájl (*.pdf)"_s}, {u"pdf"_s});
     if (!answer) return;
-    const bool saved = work([&] {
+    const bool saved = work(Work::pdf, [&] {
         PdfJob job(answer->path, m_document.jobSetup());
-        return m_document.PrintOnto(job, 1, m_document.Pages(), 1, true);
+        return m_document.PrintOnto(job, startPage, endPage, copies, collate);
     });
     if (saved) m_note->setText(u"Mentve: "_s + QFileInfo(answer->path).fileName());
 }
@@ -291,21 +309,27 @@ void frmPreview::savePdf() {
 void frmPreview::saveTable() {
     if (m_printing) return;
     using Encoding = DocumentTable::Encoding;
-    const auto answer = askWhere(
-        m_table->text(), {u"Táblázat, UTF-8 (*.csv)"_s, u"Táblázat, windows-1250 (*.csv)"_s}, u"csv"_s);
+    const auto answer =
+        askWhere(m_table->text(),
+                 {u"Excel táblázat (*.xlsx)"_s, u"CSV, UTF-8 (*.csv)"_s, u"CSV, windows-1250 (*.csv)"_s},
+                 {u"xlsx"_s, u"csv"_s, u"csv"_s});
     if (!answer) return;
     const DocumentTable& table = m_document.table();
-    const Encoding encoding = answer->filter == 1 ? Encoding::windows1250 : Encoding::utf8;
-    const qint64 lost = table.unencodable(encoding);
+    const bool workbook = answer->filter == 0;
+    const Encoding encoding = answer->filter == 2 ? Encoding::windows1250 : Encoding::utf8;
+    const qint64 lost = workbook ? 0 : table.unencodable(encoding);
     if (lost > 0 &&
         !m_ports.dialogue->ask(u"A választott kódolásban %1 karakter nem írható le, helyükre kérdőjel "
                                "kerül. Folytatja a mentést?"_s.arg(lost),
                                m_table->text(), Icon::warning))
         return;
     try {
-        table.save(answer->path, encoding);
+        if (workbook)
+            saveWorkbook(table, answer->path);
+        else
+            table.save(answer->path, encoding);
     } catch (const Fault& fault) {
-        return tell(fault);
+        return tell(fault, Work::table);
     }
     m_note->setText(u"Mentve: "_s + QFileInfo(answer->path).fileName());
 }
@@ -363,6 +387,9 @@ void showPreview(qcPrinter& document, PreviewPorts& ports) {
 }
 
 void installPreview(PrintEngine& engine, PreviewPorts ports) {
+    engine.printAtOnce = [dialogue = ports.dialogue](qcPrinter& document) {
+        return printAtOnce(document, *dialogue, QApplication::activeWindow());
+    };
     engine.showPreview = [kept = std::make_shared<PreviewPorts>(std::move(ports))](qcPrinter& document) {
         showPreview(document, *kept);
     };

@@ -63,10 +63,14 @@ class frmPreview : public QDialog {
     void print();
     void savePdf();
     void saveTable();
+    // nullopt: the user has given up.
     std::optional<SaveAnswer> askWhere(const QString& title, const QStringList& filters,
-                                       const QString& ending);
-    bool work(const std::function<bool()>& job);
-    void tell(const Fault& fault);
+                                       const QStringList& endings);
+    void saveAsPdf(const QString& title, int startPage, int endPage, int copies, bool collate);
+    // What a fault is called in its box.
+    enum class Work { printing, pdf, table };
+    bool work(Work what, const std::function<bool()>& job);
+    void tell(const Fault& fault, Work what = Work::printing);
 
     qcPrinter& m_document;
     PreviewPorts& m_ports;

@@ -17,6 +17,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vandrel {
@@ -81,8 +83,8 @@ QWidget* frmPrint::makePrinterFrame(const PrintEngine& engine) {
         if (port.endsWith(u':')) port.chop(1);
         m_printers->addItem(printer.deviceName + u" on "_s + port);
     }
-    m_printers->setCurrentIndex(m_printerInUse < m_printers->count() ? m_printerInUse : -1);
-    m_printers->setEnabled(m_printers->count() > 0);
+    m_printers->addItem(u"PDF fájl"_s);
+    m_printers->setCurrentIndex(std::min(m_printerInUse, m_printers->count() - 1));
     auto* label = new QLabel(u"Név:"_s);
     label->setBuddy(m_printers);
     row->addWidget(label);
@@ -241,7 +243,11 @@ bool frmPrint::Collate() const {
 }
 
 int frmPrint::PrinterNumber() const {
-    return m_printers->currentIndex() >= 0 ? m_printers->currentIndex() : m_printerInUse;
+    return ToPdf() ? m_printerInUse : m_printers->currentIndex();
+}
+
+bool frmPrint::ToPdf() const {
+    return m_printers->currentIndex() == m_printers->count() - 1;
 }
 
 void frmPrint::pressed() {

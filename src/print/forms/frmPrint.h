@@ -24,7 +24,7 @@ class frmPrint : public QDialog {
     Q_OBJECT
 
   public:
-    // The printers of the engine are offered, the one in use is selected.
+    // The printers of the engine are offered, the one in use is selected; after them "PDF fájl".
     frmPrint(const PrintEngine& engine, Dialogue& dialogue, QWidget* parent = nullptr);
 
     // In, before showing.
@@ -41,6 +41,7 @@ class frmPrint : public QDialog {
     int Copies() const; // 0 for an empty field
     bool Collate() const;
     int PrinterNumber() const; // the one in use, where none was chosen
+    bool ToPdf() const;        // "PDF fájl" was chosen: into a file instead
     bool PrintDoc() const { return m_printDoc; }
 
   protected:

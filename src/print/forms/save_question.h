@@ -17,6 +17,7 @@ struct SaveQuestion {
     QString title;
     QString suggestion;  // whole path; for askTarget the name alone
     QStringList filters; // as "PDF fájl (*.pdf)"; the first one is chosen
+    QStringList endings; // of each filter, without the point
 };
 
 struct SaveAnswer {
@@ -29,9 +30,9 @@ using AskSavePath = std::function<std::optional<SaveAnswer>(QWidget* parent, con
 std::optional<SaveAnswer> askSavePath(QWidget* parent, const SaveQuestion& question);
 
 // The same for a file that will be written at once: in the folder of last time (empty: the user's documents),
-// with the ending after its name, and an existing file goes only when the dialogue says so. folder is that
-// of the answer afterwards.
+// with the chosen filter's ending after its name (a typed ending of another filter chooses that one), and an
+// existing file goes only when the dialogue says so. folder is that of the answer afterwards.
 std::optional<SaveAnswer> askTarget(QWidget* parent, Dialogue& dialogue, const AskSavePath& ask,
-                                    QString& folder, const SaveQuestion& question, const QString& ending);
+                                    QString& folder, const SaveQuestion& question);
 
 } // namespace vandrel

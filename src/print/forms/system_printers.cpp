@@ -2,11 +2,8 @@
 
 #include "foundation/dialogue.h"
 #include "platform/fault.h"
-#include "print/forms/save_question.h"
 #include "print/page_spool.h"
 #include "print/paged_job.h"
-#include "print/pdf_file.h"
-#include "print/save_name.h"
 
 #include <QApplication>
 #include <QPageLayout>
@@ -22,8 +19,6 @@ using namespace Qt::StringLiterals;
 namespace vandrel {
 
 namespace {
-
-const QString pdfName = u"PDF fájl"_s;
 
 // Painting onto a printer. What has begun here comes out.
 class PrinterOutput : public PagedJob {
@@ -101,14 +96,6 @@ PrinterPaper paperOf(const QPageSize& size) {
 
 } // namespace
 
-AskPdfPath askPdfPathBy(Dialogue& dialogue) {
-    return [&dialogue, folder = QString()](const QString& suggestion) mutable {
-        const auto answer = askTarget(QApplication::activeWindow(), dialogue, askSavePath, folder,
-                                      {pdfName, suggestion, {u"PDF fájl (*.pdf)"_s}}, u"pdf"_s);
-        return answer ? answer->path : QString();
-    };
-}
-
 std::vector<PrinterEntry> SystemPrinters::printers() const {
     m_names.clear();
     m_listed = true;
@@ -118,7 +105,6 @@ std::vector<PrinterEntry> SystemPrinters::printers() const {
         const QString place = printer.location().simplified();
         all.push_back({printer.printerName(), place.isEmpty() ? u"CUPS"_s : place});
     }
-    all.push_back({pdfName, u"fájl:"_s});
     return all;
 }
 
@@ -140,17 +126,11 @@ QPrinterInfo SystemPrinters::info(int printer) const {
 }
 
 PrinterPaper SystemPrinters::paper(int printer) const {
-    if (isPdf(printer)) return {};
     const QPrinterInfo wanted = info(printer);
     return paperOf((wanted.isNull() ? QPrinterInfo::defaultPrinter() : wanted).defaultPageSize());
 }
 
 std::unique_ptr<PrintJob> SystemPrinters::begin(const PrintJobSetup& setup) {
-    if (isPdf(setup.printer)) {
-        const QString path = m_askPdfPath(suggestedFileName(setup.title, u"pdf"_s));
-        if (path.isEmpty()) return nullptr;
-        return std::make_unique<PdfJob>(path, setup);
-    }
     const auto place = static_cast<std::size_t>(setup.printer);
     if (setup.printer < 0 || place >= names().size())
         throw Fault(fault::noPrinter, u"A kiválasztott nyomtató nem érhető el!"_s);

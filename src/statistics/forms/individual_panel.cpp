@@ -1,5 +1,6 @@
 #include "statistics/forms/individual_panel.h"
 
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -24,6 +25,14 @@ IndividualPanel::IndividualPanel(Workstation& station, StatisticsList list, cons
     m_code = patient ? addCode(grid, 5,
                                {CodeKind::patient, u"Kod"_s, menuText(entry.label), menuText(entry.label)})
                      : addCode(grid, 5, {CodeKind::unit, u"Kod"_s, u"Munkahely kódja"_s, list_texts::code});
+    if (list == StatisticsList::visitFees) {
+        m_allUnits = new QCheckBox(u"Minden munkahely"_s);
+        m_allUnits->setObjectName(u"MindenMunkahely"_s);
+        m_allUnits->setAccessibleName(m_allUnits->text());
+        grid->addWidget(m_allUnits, 6, 1, 1, 3);
+        adopt(m_allUnits); // Enter goes from the code to the button; the tick has its place among the Tabs
+        connect(m_allUnits, &QCheckBox::toggled, m_code, &QWidget::setDisabled);
+    }
     grid->setRowMinimumHeight(6, 14);
     grid->addWidget(makeProcessButton(), 7, 0, 1, 4, Qt::AlignRight);
     grid->setColumnStretch(3, 1);
@@ -39,6 +48,7 @@ ListRequest IndividualPanel::request() const {
     result.from = m_from->value();
     result.to = m_to->value();
     result.code = m_code->text();
+    result.allUnits = m_allUnits != nullptr && m_allUnits->isChecked();
     return result;
 }
 

@@ -17,6 +17,7 @@ class IndividualPanel : public ListPanel {
   private:
     MaskedField *m_from, *m_to;
     QLineEdit* m_code;
+    QCheckBox* m_allUnits = nullptr; // list 8 only
 };
 
 } // namespace vandrel

@@ -39,6 +39,16 @@ void ListPanel::linkChain() {
     m_due.clear();
 }
 
+void ListPanel::adopt(QWidget* field) {
+    FieldBehaviour behaviour;
+    behaviour.key = [this](int key) {
+        if (key != Qt::Key_Return && key != Qt::Key_Down) return false;
+        m_process->setFocus();
+        return true;
+    };
+    m_chain->adopt(field, behaviour);
+}
+
 void ListPanel::complain(const CheckFailure& failure) {
     tell(m_station.dialogue, failure);
     if (auto* field = findChild<QWidget*>(failure.field)) SelectAll(field);

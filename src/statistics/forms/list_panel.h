@@ -73,6 +73,8 @@ class ListPanel : public QWidget {
 
     // The fields' order in the chain is that of these calls.
     void chain(QWidget* field, const FieldBehaviour& behaviour = {}) { m_due.emplace_back(field, behaviour); }
+    // A field beside the chain, from which Enter goes to the button.
+    void adopt(QWidget* field);
     // Once, when all fields are in the panel.
     void linkChain();
 

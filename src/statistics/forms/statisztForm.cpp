@@ -136,6 +136,7 @@ void statisztForm::makeList(const ListRequest& request) {
         return;
     }
     if (ending()) return; // nothing more is opened
+    m_document.setSaveName(listFileName(m_document.AppName(), m_list, request));
     m_status->setText(list_status::makingPreview);
     m_status->repaint(); // laying out a long list takes a moment
     m_document.Preview();

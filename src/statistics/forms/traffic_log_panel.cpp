@@ -64,8 +64,14 @@ QWidget* TrafficLogPanel::makeRange(const MenuEntry& entry) {
     // Deliberate: in the list of referrers the prompt speaks of them, but the fields hold units there too.
     addHeading(grid, 4, textOr(entry.prompt, list_texts::units));
     addCodeRange(grid, 5, {}, CodeKind::unit, m_fromUnit, m_toUnit);
-    grid->setRowStretch(7, 1);
-    grid->addWidget(makeProcessButton(), 8, 0, 1, 4, Qt::AlignRight);
+    auto* hint = new QLabel(u"A mezőkbe a munkahelyek kódja írandó."_s);
+    hint->setObjectName(u"KodMagyarazat"_s);
+    hint->setWordWrap(true);
+    grid->addWidget(hint, 7, 1, 1, 3);
+    for (QLineEdit* field : {m_fromUnit, m_toUnit})
+        field->setAccessibleDescription(hint->text());
+    grid->setRowStretch(8, 1);
+    grid->addWidget(makeProcessButton(), 9, 0, 1, 4, Qt::AlignRight);
     grid->setColumnStretch(3, 1);
     return step;
 }

@@ -1,6 +1,7 @@
 // The preview and the print dialog under real keys: a document of the fixed meter, printers that only record.
 #include "print/forms/frmPreview.h"
 #include "print/forms/frmPrint.h"
+#include "print/forms/print_at_once.h"
 #include "print/forms/printing_watch.h"
 #include "print/print_fault.h"
 #include "support/keyboard.h"
@@ -236,6 +237,7 @@ TEST(PrintDialog, OptionsRangeAndPrinters) {
     EXPECT_TRUE(screen.stand.printers.jobs.back()->ended);
     EXPECT_EQ(screen.pagesOfLastJob(), 3U);
     EXPECT_EQ(screen.stand.printers.jobs.back()->setup.title, u"Havi lista"_s);
+    EXPECT_EQ(screen.note(), u"Kinyomtatva: 3 oldal"_s);
 
     screen.print([&](frmPrint& dialog) {
         const auto text = [&](const char* name) {
@@ -298,6 +300,20 @@ TEST(PrintDialog, OptionsRangeAndPrinters) {
     EXPECT_EQ(job.pages[1].texts[0].text, u"sor 1"_s);
     EXPECT_EQ(job.pages[13].texts.back().text, u"sor 174"_s);
 
+    // The file is the last choice of the list: the chosen pages go into it, and no printer gets anything.
+    screen.answer = SaveAnswer{screen.folder.filePath(u"egy oldal"_s), 0};
+    screen.print([](frmPrint& dialog) {
+        auto* list = dialog.findChild<QComboBox*>(u"PrinterNumber"_s);
+        EXPECT_EQ(list->itemText(list->count() - 1), u"PDF fájl"_s);
+        list->setCurrentIndex(list->count() - 1);
+        dialog.findChild<QRadioButton*>(u"AktualisOldal"_s)->setChecked(true);
+        dialog.findChild<QPushButton*>(u"PrintDoc"_s)->setFocus();
+        pressKey(Qt::Key_Return);
+        EXPECT_EQ(dialog.PrinterNumber(), 1);
+    });
+    EXPECT_EQ(screen.stand.printers.jobs.size(), 3U);
+    EXPECT_EQ(fileBytes(screen.folder.filePath(u"egy oldal.pdf"_s)).count("/Type /Page\n"), 1);
+
     // Without its bits the dialog keeps the printer in use and has one frame.
     screen.document.setPrintOptions(0);
     screen.print([](frmPrint& dialog) {
@@ -305,6 +321,34 @@ TEST(PrintDialog, OptionsRangeAndPrinters) {
         EXPECT_FALSE(dialog.findChild<QLineEdit*>(u"Copies"_s)->isVisible());
         EXPECT_EQ(dialog.PrinterNumber(), 1);
     });
+}
+
+TEST(PreviewWindow, TellsWhatTheDocumentLeavesOut) {
+    PreviewScreen screen;
+    screen.document.setPreviewNote(u"3 adatlap nem volt olvasható"_s);
+    screen.open();
+    EXPECT_EQ(screen.note(), u"3 adatlap nem volt olvasható"_s);
+    pressKey(Qt::Key_PageDown);
+    EXPECT_EQ(screen.note(), u"3 adatlap nem volt olvasható"_s);
+    screen.document.ResetItems();
+    EXPECT_EQ(screen.document.PreviewNote(), QString());
+}
+
+TEST(PrintAtOnce, PrintsAllPagesOrTellsWhyNot) {
+    PreviewScreen screen;
+    EXPECT_TRUE(printAtOnce(screen.document, screen.dialogue, nullptr));
+    ASSERT_EQ(screen.stand.printers.jobs.size(), 1U);
+    EXPECT_EQ(screen.pagesOfLastJob(), 3U);
+    EXPECT_TRUE(screen.stand.printers.jobs.back()->ended);
+
+    screen.stand.printers.entries[0].faultyPage = 2;
+    screen.dialogue.expect(u"Hiba lépett fel a nyomtatás során! 57\nA nyomtató hibát jelzett."_s, printTitle,
+                           Icon::warning);
+    EXPECT_FALSE(printAtOnce(screen.document, screen.dialogue, nullptr));
+    screen.stand.printers.entries.clear();
+    screen.dialogue.expect(u"Nincs telepítve nyomtató, Ambuláns adatlap nem nyomtatható ki!"_s, printTitle);
+    EXPECT_FALSE(printAtOnce(screen.document, screen.dialogue, nullptr));
+    EXPECT_TRUE(screen.dialogue.allShown());
 }
 
 TEST(PreviewWindow, StaysWithTheDocumentWhenPrintingFails) {
@@ -420,7 +464,8 @@ TEST(PreviewWindow, SavesAsPdf) {
 
     const QString nowhere = screen.folder.filePath(u"nincs/lista.pdf"_s);
     screen.answer = SaveAnswer{nowhere, 0};
-    screen.dialogue.expect(printFaultText(fileFault(ENOENT, nowhere)), printTitle, Icon::warning);
+    const QString failed = u"A fájl mentése nem sikerült! 76\n"_s + fileFault(ENOENT, nowhere).text();
+    screen.dialogue.expect(failed, u"Mentés PDF-be"_s, Icon::warning);
     save();
     EXPECT_EQ(screen.note(), QString());
     EXPECT_EQ(screen.document.ItemCount(), 58 * 3 + 1);
@@ -429,27 +474,43 @@ TEST(PreviewWindow, SavesAsPdf) {
 
 TEST(PreviewWindow, SavesTheTableInTheChosenEncoding) {
     PreviewScreen screen;
+    screen.document.setSaveName(u"Márciusi lista"_s);
     screen.document.table().addRow({u"Név"_s, u"Összeg"_s});
     screen.document.table().addRow({u"Őri 雪"_s, u"1,5"_s});
     screen.open();
     const auto save = [] { pressKey(Qt::Key_T, Qt::ControlModifier); };
     const QString path = screen.folder.filePath(u"tábla.csv"_s);
-    screen.answer = SaveAnswer{path, 1};
+    screen.answer = SaveAnswer{path, 2};
     const QString question =
         u"A választott kódolásban 1 karakter nem írható le, helyükre kérdőjel kerül. Folytatja a mentést?"_s;
     screen.dialogue.expectQuestion(question, Answer::no, u"Mentés táblázatba"_s, Icon::warning);
     save();
     EXPECT_FALSE(QFile::exists(path));
-    EXPECT_EQ(screen.asked.filters.size(), 2);
+    EXPECT_EQ(screen.asked.filters.size(), 3);
+    EXPECT_EQ(QFileInfo(screen.asked.suggestion).fileName(), u"Márciusi lista.xlsx"_s);
     screen.dialogue.expectQuestion(question, Answer::yes, u"Mentés táblázatba"_s, Icon::warning);
     save();
     EXPECT_EQ(fileBytes(path), QByteArray("N\xE9v;\xD6sszeg\r\n\xD5ri ?;1,5\r\n"));
     const QString other = screen.folder.filePath(u"utf"_s);
-    screen.answer = SaveAnswer{other, 0};
+    screen.answer = SaveAnswer{other, 1};
     save();
     EXPECT_EQ(fileBytes(other + u".csv"_s),
               QByteArray("\xEF\xBB\xBF") + u"Név;Összeg\r\nŐri 雪;1,5\r\n"_s.toUtf8());
     EXPECT_EQ(screen.note(), u"Mentve: utf.csv"_s);
+
+    // The workbook is the first choice; a typed ending says more than the type that was left chosen.
+    screen.answer = SaveAnswer{screen.folder.filePath(u"könyv"_s), 0};
+    save();
+    EXPECT_TRUE(fileBytes(screen.folder.filePath(u"könyv.xlsx"_s)).startsWith("PK"));
+    EXPECT_EQ(screen.note(), u"Mentve: könyv.xlsx"_s);
+    screen.answer = SaveAnswer{screen.folder.filePath(u"mégis.CSV"_s), 0};
+    save();
+    EXPECT_EQ(fileBytes(screen.folder.filePath(u"mégis.CSV"_s)), fileBytes(other + u".csv"_s));
+    const QString nowhere = screen.folder.filePath(u"nincs/lista.xlsx"_s);
+    screen.answer = SaveAnswer{nowhere, 0};
+    screen.dialogue.expect(u"A fájl mentése nem sikerült! 76\n"_s + fileFault(ENOENT, nowhere).text(),
+                           u"Mentés táblázatba"_s, Icon::warning);
+    save();
 }
 
 TEST(PreviewWindow, IsModalAndStandsWhereItStood) {

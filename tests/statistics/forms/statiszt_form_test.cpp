@@ -308,6 +308,18 @@ TEST_F(StatisticsScreen, IndividualPanel) {
         pressKey(Qt::Key_Return);
         ASSERT_EQ(previews.size(), 1);
         EXPECT_TRUE(previews[0].contains(each.title)) << previews[0].join(u'\n').toStdString();
+        // The visit fees are of one unit or, with the tick, of all of them.
+        auto* all = part<QCheckBox>("MindenMunkahely");
+        ASSERT_EQ(all != nullptr, std::string_view(each.menu) == "vizdijstatmenu");
+        if (all == nullptr) continue;
+        part<QLineEdit>("Kod")->clear();
+        all->setFocus();
+        pressKey(Qt::Key_Space);
+        EXPECT_FALSE(part("Kod")->isEnabled());
+        pressKey(Qt::Key_Return);
+        pressKey(Qt::Key_Return);
+        ASSERT_EQ(previews.size(), 2);
+        EXPECT_TRUE(previews[1].contains(u"Szakrendelő: Minden munkahely"_s));
     }
 }
 
