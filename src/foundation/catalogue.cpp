@@ -28,19 +28,19 @@ constexpr Column beteg[] = {
     {"SZEM_SZAM", Type::code}, {"PaciensId", Type::whole}, {"SZAKREND", Type::code},
     {"IGENYLO", Type::code}, {"ORVKOD", Type::code}, {"NAPLO"}, {"TERITES", Type::code}, {"DIAG1", Type::code},
     {"DIAG2", Type::code}, {"DIAG3", Type::code}, {"DIAG4", Type::code}, {"DIAG5", Type::code},
-    {"F_DATUM"}, {"F_IDO"}, {"AZONOSITO", Type::code}, {"FLOPPY", Type::whole}, {"TIPUS"}, {"ELL_TIP"},
+    {"F_DATUM"}, {"F_IDO"}, {"AZONOSITO", Type::code}, {"FLOPPY", Type::wholeNumber}, {"TIPUS"}, {"ELL_TIP"},
     {"BALESET1"}, {"BALESET2"}, {"TOVA"}, {"LABOR"}, {"RTG"}, {"CTMR"}, {"FIZIO"}, {"K_KEP"},
     {"UTKLTG"}, {"RECEPT"}, {"GYOGYSEG"}, {"GYOGYFURD"}, {"FELH1"}, {"FELH2"}, {"FELH3"}, {"FELH4"},
-    {"FELH5"}, {"JAV"}, {"ER_AZON", Type::code}, {"ENAPLO"}, {"EDATUM"}, {"FLOPPY2", Type::whole},
+    {"FELH5"}, {"JAV"}, {"ER_AZON", Type::code}, {"ENAPLO"}, {"EDATUM"}, {"FLOPPY2", Type::wholeNumber},
     {"T_DATUM"}, {"T_IDO"}, {"BEUT_BNO", Type::code}, {"NOTE"}, {"EU_LAP"}, {"BeutOrvos"},
     {"BeutIndok"}, {"BeutaloKelte"}, {"TerReszlDij", Type::number}, {"ElszNyil"}, {"Termen"},
-    {"VizitDij"}, {"VizitdijFizMod"}, {"VizDijOsszeg", Type::whole}};
+    {"VizitDij"}, {"VizitdijFizMod"}, {"VizDijOsszeg", Type::integer}};
 
 constexpr Column euszolg[] = {
-    {"Azonosito", Type::code}, {"BEAV", Type::code}, {"MENNY", Type::whole}, {"BeavJelleg", Type::code}};
+    {"Azonosito", Type::code}, {"BEAV", Type::code}, {"MENNY", Type::wholeNumber}, {"BeavJelleg", Type::code}};
 
 constexpr Column euszolgScratch[] = {
-    {"Azonosito", Type::code}, {"BEAV", Type::code}, {"MENNY", Type::whole}, {"IGENYLO", Type::code},
+    {"Azonosito", Type::code}, {"BEAV", Type::code}, {"MENNY", Type::wholeNumber}, {"IGENYLO", Type::code},
     {"SZAKREND", Type::code}, {"BeavJelleg", Type::code}};
 
 constexpr Column euAdatl[] = {
@@ -52,7 +52,7 @@ constexpr Column tappenz[] = {
     {"TAZON", Type::code}, {"TTAJSZAM", Type::code}, {"TNEM"}, {"TSZULDAT"}, {"TBETNEV"}, {"TIRSZAM"},
     {"TCITY"}, {"TUTCA"}, {"TSZAKREND", Type::code}, {"TDIAG", Type::code}, {"TNAPLOSZAM", Type::whole},
     {"ELOZONAPLO", Type::whole}, {"GYERTAJ", Type::code}, {"FELVMOD", Type::code}, {"TAPJELL"},
-    {"MEGSZMOD", Type::code}, {"ELETKOR", Type::whole}, {"KKALLKEZD"}, {"KKALLVEG"},
+    {"MEGSZMOD", Type::code}, {"ELETKOR", Type::integer}, {"KKALLKEZD"}, {"KKALLVEG"},
     {"KEZDORVKOD", Type::code}, {"ZAROORVKOD", Type::code}, {"THET"}, {"JAV"}, {"THETVEG"}, {"TRL"}, {"ATV"}};
 
 constexpr Column receptek[] = {

@@ -26,7 +26,14 @@ enum class DataFile {
 namespace catalogue {
 
 // Plain types that any SQLite tool can read. Key and code texts compare without regard to case.
-enum class Type { text, code, whole, number };
+enum class Type {
+    text,
+    code,
+    integer,     // 16 bits
+    whole,       // 32 bits
+    wholeNumber, // a number that holds whole ones
+    number       // with decimals
+};
 
 struct Column {
     std::string_view name;

@@ -33,7 +33,9 @@ std::string_view typeName(catalogue::Type type) {
         return "TEXT";
     case catalogue::Type::code:
         return "TEXT COLLATE NOCASE";
+    case catalogue::Type::integer:
     case catalogue::Type::whole:
+    case catalogue::Type::wholeNumber:
         return "INTEGER";
     case catalogue::Type::number:
         return "REAL";

@@ -1,6 +1,8 @@
 // SQLite behind the program's faults and its three values (Null, one blank, empty text).
 #include "platform/database.h"
 
+#include "platform/text_functions.h"
+
 #include <QFileInfo>
 
 #include <sqlite3.h>
@@ -168,6 +170,7 @@ void Database::configure() {
     sqlite3_extended_result_codes(m_handle, 1);
     // Before the first reading: a file that a sibling tool holds for a moment is waited for at once.
     setLockWait(usualLockWait);
+    registerTextFunctions(m_handle);
     // A closed data file is one file, and a store that was confirmed survives a power cut: "extra" syncs the
     // folder after the journal's removal too, or the journal could come back and undo the store.
     executeScript("pragma journal_mode=delete; pragma synchronous=extra; pragma foreign_keys=off;");
