@@ -51,7 +51,13 @@ void movePast(Workstation& station, const QString& key) {
         number = journalNumber(journal);
     } catch (const Fault&) {
     }
-    advanceCounters(station, key, unit, doctor, number);
+    qint64 sickPayJournal = 0;
+    {
+        Query episode = station.files[DataFile::tetdata].query(
+            "select TNAPLOSZAM from TAPPENZ where TAZON=?1 order by rowid limit 1", key);
+        if (episode.next()) sickPayJournal = episode.integer(0);
+    }
+    advanceCounters(station, key, unit, doctor, number, sickPayJournal);
 }
 
 } // namespace
@@ -83,7 +89,7 @@ qint64 journalNumber(const QString& journal) {
 }
 
 void advanceCounters(Workstation& station, const QString& key, const QString& unit, const QString& doctor,
-                     qint64 journal) {
+                     qint64 journal, qint64 sickPayJournal) {
     Database& data = station.files[DataFile::tetdata];
     const ColumnValue last{"END_AZON", key};
     if (!updateFirstRow(data, "AZONOSIT", {&last, 1})) {
@@ -104,7 +110,7 @@ void advanceCounters(Workstation& station, const QString& key, const QString& un
     if (row) {
         updateRow(data, "DEFAULT", *row, values); // TN, the last sick-pay journal number, is left alone
     } else {
-        values.push_back({"TN", qint64(0)});
+        values.push_back({"TN", sickPayJournal});
         insertRow(data, "DEFAULT", values);
     }
 }

@@ -20,9 +20,10 @@ bool sheetStored(Workstation& station, const QString& key);
 qint64 journalNumber(const QString& journal);
 
 // Writes the key into AZONOSIT and the unit's last doctor and journal number into DEFAULT, inside the
-// caller's transaction. A blank doctor leaves the one that is there.
+// caller's transaction. A blank doctor leaves the one that is there; a
+// sick-pay journal number is written only with a new row of the unit.
 void advanceCounters(Workstation& station, const QString& key, const QString& unit, const QString& doctor,
-                     qint64 journal);
+                     qint64 journal, qint64 sickPayJournal);
 
 // A store that was broken off between writing the sheet and moving the counters (a power cut) leaves END_AZON
 // before its own last sheet: moves the counters past it, so that no key is given twice. Runs at start and

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "sheet/sheet_fields.h"
+#include "sheet/sick_pay_episode.h"
 
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace vandrel {
@@ -24,6 +26,8 @@ struct SheetRecord {
 
     SheetFields fields;
     EuSheet euSheet;
+    // nullopt: the form has no panel, and nothing is written; a panel that was never filled is a default one.
+    std::optional<SickPayEpisode> sickPay;
     QString transactionCode; // of the last eligibility check; empty: there was none
 };
 
@@ -35,6 +39,7 @@ struct StoreRun {
     qint64 visitFee = 0;       // forints, 16 bits
     double partFee = 0;        // forints
     qint64 journal = 0;        // of a new sheet only
+    qint64 sickPayJournal = 0; // of an episode that is taken on
     bool enterPatient = false; // an unknown patient goes into the register
     qint64 patientId = 0;      // inside and after: the patient's number; 0 when not in the register
 };

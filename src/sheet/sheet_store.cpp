@@ -8,6 +8,7 @@
 #include "sheet/patient_register.h"
 #include "sheet/sheet_checks.h"
 #include "sheet/sheet_settings.h"
+#include "sheet/sick_pay.h"
 
 #include <cmath>
 #include <limits>
@@ -44,6 +45,7 @@ void readNumbers(StoreRun& run) {
     run.visitFee = visitFee(fields.VizDijOsszeg);
     run.partFee = partFee(fields.TerReszlDij);
     if (!fields.correction) run.journal = journalNumber(fields.Naplo);
+    run.sickPayJournal = sickPayJournal(run.record);
 }
 
 QString blankWhenEmpty(const QString& text) {
@@ -178,6 +180,7 @@ constexpr OwnStep ownSteps[] = {
     {StoreTime::before, readNumbers},    {StoreTime::before, refuseTakenKey},
     {StoreTime::before, askForRegister}, {StoreTime::inside, refuseTakenKey},
     {StoreTime::inside, writeRegister},  {StoreTime::inside, writeSheet},
+    {StoreTime::inside, storeEpisode},
 };
 
 void runSteps(StoreTime time, StoreRun& run) {
@@ -201,7 +204,8 @@ void afterTheSheet(const QString& text, const Work& work) {
 void moveCounters(const StoreRun& run) {
     const SheetFields& fields = run.record.fields;
     Transaction transaction(run.station.files[DataFile::tetdata]);
-    advanceCounters(run.station, fields.Azonosito, fields.Szakrend, fields.Orvkod, run.journal);
+    advanceCounters(run.station, fields.Azonosito, fields.Szakrend, fields.Orvkod, run.journal,
+                    run.sickPayJournal);
     transaction.commit();
 }
 
