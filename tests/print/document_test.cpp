@@ -461,10 +461,10 @@ TEST_F(DocumentTest, TextsAtTheirPlacesOfAPage) {
     document.AddTextAt(200, 100, "corner", arial);
     document.AddTextAt(1700, 3000, "right", {.fontName = "Arial", .alignment = item_alignment::right}, 1,
                        1000);
-    document.AddTextAt(1500, 3500, "aa bb", arial, 2, 250);
+    document.AddTextAt(1500, 3300, "aa bb", arial, 2, 250);
     EXPECT_EQ(document.Pages(), 2);
     EXPECT_EQ(page(1), (QStringList{"200,100 corner", "2250,3000 right"}));
-    EXPECT_EQ(page(2), (QStringList{"1500,3500 aa", "1500,3740 bb"}));
+    EXPECT_EQ(page(2), (QStringList{"1500,3300 aa", "1500,3540 bb"}));
     document.ResetItems();
     document.setScaleMode(scale_mode::millimetre);
     document.AddTextAt(10, 20, "mm", arial);
