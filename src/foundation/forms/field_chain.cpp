@@ -177,7 +177,7 @@ bool FieldChain::eventFilter(QObject* watched, QEvent* event) {
         if (reason == Qt::ActiveWindowFocusReason) return false;
         // A long text shows its beginning again, and nothing stays marked that no key would write over.
         if (auto* edit = qobject_cast<QLineEdit*>(field)) edit->setCursorPosition(0);
-        if (entry->behaviour.leave && !m_blocked) leaveLater(field);
+        if (entry->behaviour.leave && m_pauses == 0) leaveLater(field);
         return false;
     }
     case QEvent::KeyPress:
@@ -225,7 +225,7 @@ bool FieldChain::settle() {
     while (!m_left.empty()) {
         const QPointer<QWidget> field = m_left.front();
         m_left.erase(m_left.begin());
-        if (field == nullptr || m_blocked) continue;
+        if (field == nullptr || m_pauses > 0) continue;
         const Entry* entry = find(field);
         if (entry == nullptr || !entry->behaviour.leave || field->hasFocus()) continue;
         bool good = true;
@@ -246,7 +246,7 @@ bool FieldChain::checkFocused() {
     if (!settle()) return false;
     QWidget* field = QApplication::focusWidget();
     const Entry* entry = field != nullptr ? find(field) : nullptr;
-    if (entry == nullptr || !entry->behaviour.leave || m_blocked || m_checking) return true;
+    if (entry == nullptr || !entry->behaviour.leave || m_pauses > 0 || m_checking) return true;
     bool good = true;
     {
         const QScopedValueRollback<bool> guard(m_checking, true);

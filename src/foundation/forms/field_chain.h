@@ -44,8 +44,8 @@ class FieldChain : public QObject {
     // Runs them and the check of the field that has the focus now, for an action that takes the form's
     // content or covers the field; false when one failed or sent the focus elsewhere.
     bool checkFocused();
-    // While blocked no leave check runs (the form is being cleared or closed).
-    void blockChecks(bool blocked) { m_blocked = blocked; }
+    // No leave check runs any more: the form closes. For a while only: ChecksPaused.
+    void stopChecks() { ++m_pauses; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -66,7 +66,24 @@ class FieldChain : public QObject {
     std::vector<QPointer<QWidget>> m_left; // fields whose leave check is due
     QPointer<QWidget> m_selectDue;         // just got the focus; no key has been typed into it yet
     bool m_checking = false;
-    bool m_blocked = false;
+    int m_pauses = 0;
+
+    friend class ChecksPaused;
+};
+
+// While one lives no leave check of the chain runs, and what the focus leaves meanwhile is not checked
+// afterwards either: the form is being filled, cleared or covered. They nest.
+class [[nodiscard]] ChecksPaused {
+  public:
+    explicit ChecksPaused(FieldChain& chain) : m_chain(&chain) { ++chain.m_pauses; }
+    ~ChecksPaused() {
+        if (m_chain != nullptr) --m_chain->m_pauses;
+    }
+    ChecksPaused(const ChecksPaused&) = delete;
+    ChecksPaused& operator=(const ChecksPaused&) = delete;
+
+  private:
+    QPointer<FieldChain> m_chain;
 };
 
 // For a button that stands in a chain: Enter presses it.

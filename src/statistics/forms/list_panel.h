@@ -37,7 +37,7 @@ class ListPanel : public QWidget {
     // What the focus leaves is checked; false when it stays where it is.
     bool checkFocused() { return m_chain->checkFocused(); }
     // From now on nothing is checked: the screen closes.
-    void leave() { m_chain->blockChecks(true); }
+    void leave() { m_chain->stopChecks(); }
     QPushButton* processButton() const { return m_process; }
     // Shows a box and gives the focus to its field.
     void complain(const CheckFailure& failure);

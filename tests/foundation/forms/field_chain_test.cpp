@@ -106,7 +106,7 @@ TEST_F(FieldChainTest, AFailedCheckTakesTheFocusBackOnceAndDropsWhatWasTypedAhea
     EXPECT_EQ(focusName(), u"b"_s);
     a->clear();
     pressKey(Qt::Key_Up);
-    chain.blockChecks(true);
+    chain.stopChecks();
     pressKey(Qt::Key_Return);
     EXPECT_EQ(checks, 2); // a form that closes asks nothing more
 }
@@ -178,10 +178,18 @@ TEST_F(FieldChainTest, FocusedFieldIsCheckedOnDemand) {
     b->setFocus();
     EXPECT_TRUE(chain.checkFocused()); // settles what was left
     EXPECT_EQ(checks, 3);
-    chain.blockChecks(true);
+    {
+        const ChecksPaused outer(chain);
+        { const ChecksPaused inner(chain); }
+        a->setFocus();
+        EXPECT_TRUE(chain.checkFocused());
+        b->setFocus();
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(checks, 3); // what was left during the pause is not checked after it either
     a->setFocus();
     EXPECT_TRUE(chain.checkFocused());
-    EXPECT_EQ(checks, 3);
+    EXPECT_EQ(checks, 4);
 }
 
 } // namespace vandrel::test
