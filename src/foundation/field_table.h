@@ -1,5 +1,5 @@
-// How a form declares its text fields: one table a form, a row a field, typed keys. A rule may read the table:
-// it knows no widget. The widgets are made by foundation/forms/field_set.h.
+// How a form declares its text fields: one table a form, a row a field, typed keys. A rule may read the
+// table: it knows no widget. The widgets are made by foundation/forms/field_set.h.
 #pragma once
 
 #include "foundation/code_lists.h"
@@ -43,10 +43,10 @@ struct FieldDescription {
     int limit = noLimit; // characters that may be typed or pasted
     int shown = 0;       // characters the field is wide; 0: as wide as its place
     bool numeric = false;
-    bool required = false;                 // marked at its label
-    bool zeroWhenEmpty = false;            // "0" when it is left empty
-    QStringView whenNew = {};              // text in a new record; the empty mask needs none
-    PickMarker list = PickMarker::none;    // opened by F1
+    bool required = false;              // marked at its label
+    bool zeroWhenEmpty = false;         // "0" when it is left empty
+    QStringView whenNew = {};           // text in a new record; the empty mask needs none
+    PickMarker list = PickMarker::none; // opened by F1
     DateCheck dateCheck = DateCheck::none;
     FieldPlace place = FieldPlace::chain;
 
@@ -85,7 +85,8 @@ consteval bool noFieldTwice(const FieldRow<Key> (&rows)[count]) {
     return true;
 }
 
-// The value of a field in the record it edits. A table with enumerators for keys brings an overload of its own.
+// The value of a field in the record it edits. A table with enumerators for keys brings an overload of its
+// own.
 template<typename Record, typename Value>
 Value& valueOf(Record& record, Value Record::*key) {
     return record.*key;

@@ -5,6 +5,7 @@
 #include "foundation/look_ups.h"
 #include "platform/format.h"
 #include "sheet/counters.h"
+#include "sheet/sheet_field_table.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,21 +20,11 @@ QString shown(const QString& stored) {
 
 SheetFields defaults() {
     SheetFields fields;
-    for (const char* zero : {"Jav", "Enaplo", "Tova", "EU_LAP", "VizDijOsszeg", "Termen", "Labor", "Rtg",
-                             "Ctmr", "K_kep", "Fizio", "Utkltg", "Recept", "Gyogyseg", "Gyogyfurd"})
-        for (const SheetFieldName& field : sheetFieldNames())
-            if (std::string_view(field.name) == zero) field.of(fields) = u"0"_s;
-    fields.Edatum = format::emptyDate;
-    fields.BeutaloKelte = format::emptyDate;
-    fields.KgyLe = format::emptyDate;
-    fields.Szul_dat = format::emptyDate;
-    fields.Terites = u"01"_s;
-    fields.Baleset = u"00"_s;
-    fields.Ell_tip = u"1"_s;
-    fields.ElszNyil = u"10"_s;
-    fields.Allampol_rov = u"HUN"_s;
-    fields.MENNY = u"1"_s;
-    fields.BeavJelleg = u"A"_s;
+    for (const FieldRow<SheetKey>& row : sheetFieldTable()) {
+        QString& value = valueOf(fields, row.key);
+        value = row.field.whenNew.toString();
+        if (row.field.shape == FieldShape::date) value = format::emptyDate;
+    }
     return fields;
 }
 

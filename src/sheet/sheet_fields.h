@@ -4,12 +4,11 @@
 #include <QString>
 
 #include <array>
-#include <span>
 
 namespace vandrel {
 
 // Every text is what the field shows; dates and times are the masks' texts ("    .  .  ." when empty).
-struct SheetFields {
+struct SheetFields {         // each text has its row in sheet_field_table.cpp
     bool correction = false; // mode text "Javítás"
     QString Azonosito;
     // sheet
@@ -28,13 +27,5 @@ struct SheetFields {
     // procedure entry
     QString BEAV, MENNY, BeavJelleg;
 };
-
-// A text field's name (its column's name, also the form's objectName) and its place in SheetFields.
-// Diag1..Diag5 and Felh1..Felh5 are among them.
-struct SheetFieldName {
-    const char* name;
-    QString& (*of)(SheetFields&);
-};
-std::span<const SheetFieldName> sheetFieldNames();
 
 } // namespace vandrel

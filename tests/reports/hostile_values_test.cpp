@@ -4,6 +4,7 @@
 #include "reports/record_table.h"
 #include "reports/sheet_rows.h"
 #include "sheet/patient_register.h"
+#include "sheet/sheet_field_table.h"
 #include "sheet/sheet_fields.h"
 #include "support/clinic.h"
 
@@ -55,13 +56,13 @@ TEST(Hostile, EveryTextFieldThroughStoreAndReport) {
         "update EGYEBPAR set Felh1_nev='a',Felh2_nev='b',Felh3_nev='c',Felh4_nev='d',Felh5_nev='e'");
     const auto sheets = [&] { return firstText(clinic.data(), "select count(*) from BETEG"); };
     int stored = 0, refused = 0, faults = 0, reported = 0, brokenReports = 0;
-    for (const SheetFieldName& field : sheetFieldNames()) {
-        const QString name = QLatin1StringView(field.name);
+    for (const FieldRow<SheetKey>& field : sheetFieldTable()) {
+        const QString name = QLatin1StringView(field.field.name);
         if (name == u"Azonosito") continue; // not typed on this form
         for (const QString& value : hostileValues) {
             SCOPED_TRACE(name.toStdString() + " = " + value.left(40).toStdString());
             SheetFields fields = goodSheet(clinic.workstation);
-            field.of(fields) = value;
+            valueOf(fields, field.key) = value;
             const QString before = sheets();
             try {
                 if (storeSheet(clinic.workstation, fields).outcome == StoreOutcome::refused) {
@@ -79,12 +80,12 @@ TEST(Hostile, EveryTextFieldThroughStoreAndReport) {
             ++stored;
             const std::string newest = " from BETEG order by rowid desc limit 1";
             if (ofPatient.contains(name)) {
-                EXPECT_EQ(firstText(clinic.data(), "select [" + std::string(field.name) +
+                EXPECT_EQ(firstText(clinic.data(), "select [" + std::string(field.field.name) +
                                                        "] from Paciensek where ID=(select PaciensId" +
                                                        newest + ")"),
                           storable(value));
             } else if (!elsewhere.contains(name) && !value.trimmed().isEmpty()) {
-                EXPECT_EQ(firstText(clinic.data(), "select [" + std::string(field.name) + "]" + newest),
+                EXPECT_EQ(firstText(clinic.data(), "select [" + std::string(field.field.name) + "]" + newest),
                           storable(name == u"Szem_szam" ? value.trimmed() : value) +
                               (name == u"F_ido" ? u":00"_s : QString()));
             }

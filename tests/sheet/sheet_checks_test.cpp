@@ -1,5 +1,6 @@
 // The order of the checks of a store: each fault alone, and every pair of faults.
 #include "sheet/sheet_checks.h"
+#include "sheet/sheet_field_table.h"
 
 #include "platform/format.h"
 #include "sheet/sheet_fields.h"
@@ -44,8 +45,9 @@ constexpr Case cases[] = {
 };
 
 void spoil(SheetFields& fields, const Case& fault) {
-    for (const SheetFieldName& name : sheetFieldNames())
-        if (std::string_view(name.name) == fault.field) name.of(fields) = QString::fromUtf16(fault.wrong);
+    for (const FieldRow<SheetKey>& name : sheetFieldTable())
+        if (std::string_view(name.field.name) == fault.field)
+            valueOf(fields, name.key) = QString::fromUtf16(fault.wrong);
 }
 
 void expectFault(Workstation& station, const SheetFields& fields, const Case& expected) {

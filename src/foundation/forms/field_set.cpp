@@ -1,6 +1,9 @@
 // What every form does with the rows of its field table.
 #include "foundation/forms/field_set.h"
 
+#include "foundation/checks.h"
+#include "foundation/code_lists.h"
+#include "foundation/field_checks.h"
 #include "foundation/forms/elided_label.h"
 #include "foundation/forms/masked_field.h"
 
@@ -48,7 +51,7 @@ void setShownWidth(QLineEdit* edit, int characters) {
     edit->setFixedWidth(edit->fontMetrics().horizontalAdvance(u'0') * characters + std::max(frame, 14));
 }
 
-QString complaint(DateCheck check, const QString& value) {
+std::optional<CheckFailure> complaint(DateCheck check, const QString& value) {
     switch (check) {
     case DateCheck::birth:
         return checkDateField(DateField::birth, value);
@@ -95,6 +98,11 @@ void FieldSetBase::setTextAt(std::size_t place, const QString& value) {
     field.input->setMaxLength(std::max(field.limit, static_cast<int>(value.size())));
     field.input->setText(value);
     field.input->setCursorPosition(0);
+}
+
+void FieldSetBase::setTextOf(const QLineEdit* input, const QString& value) {
+    for (std::size_t place = 0; place < m_fields.size(); ++place)
+        if (m_fields[place].input == input) setTextAt(place, value);
 }
 
 void FieldSetBase::setLimitAt(std::size_t place, int limit) {
@@ -149,8 +157,8 @@ bool FieldSetBase::leaveField(std::size_t place) {
     QLineEdit* input = inputAt(place);
     bool good = true;
     guarded([&] {
-        if (const QString message = complaint(field.dateCheck, textOf(input)); !message.isEmpty()) {
-            station.dialogue.tell(message, u"Hiba!"_s);
+        if (const auto failure = complaint(field.dateCheck, textOf(input))) {
+            tell(station.dialogue, *failure);
             good = false;
             return;
         }

@@ -61,12 +61,14 @@ class FieldSetBase : public QObject {
 
     // Masked: with the mask's literals and blanks, as wide as the mask.
     static QString textOf(const QLineEdit* input);
+    // For what fills a field without knowing its key. The field is one of this set.
+    void setTextOf(const QLineEdit* input, const QString& value);
     static QLabel* makeLabel(const FieldDescription& field);
     // A label that shows data: plain text, may be cut by its neighbours.
     static QLabel* makeDataLabel(const QString& objectName, QWidget* parent = nullptr);
 
   protected:
-    FieldSetBase(Workstation& station, QWidget* form);
+    FieldSetBase(Workstation& workstation, QWidget* form);
 
     void makeInput(const FieldDescription& field, QWidget* form); // appends
     QLineEdit* inputAt(std::size_t place) const { return m_fields[place].input; }
@@ -99,9 +101,9 @@ template<typename Key>
 class FieldSet : public FieldSetBase {
   public:
     // The table must outlive the set; the form is the inputs' parent until a layout moves them.
-    FieldSet(Workstation& station, QWidget* form, FieldTable<Key> table)
-        : FieldSetBase(station, form), m_table(table) {
-        for (const FieldRow<Key>& row : table)
+    FieldSet(Workstation& workstation, QWidget* form, FieldTable<Key> rows)
+        : FieldSetBase(workstation, form), m_table(rows) {
+        for (const FieldRow<Key>& row : rows)
             makeInput(row.field, form);
     }
 

@@ -16,13 +16,14 @@ namespace vandrel {
 
 namespace {
 
-const QString requests[] = {u"Labor"_s, u"Rtg"_s, u"Ctmr"_s, u"K_kep"_s, u"Fizio"_s, u"Utkltg"_s};
-const QString counts[] = {u"Recept"_s, u"Gyogyseg"_s, u"Gyogyfurd"_s};
+constexpr SheetKey requests[] = {SheetKey::Labor, SheetKey::Rtg,   SheetKey::Ctmr,
+                                 SheetKey::K_kep, SheetKey::Fizio, SheetKey::Utkltg};
+constexpr SheetKey counts[] = {SheetKey::Recept, SheetKey::Gyogyseg, SheetKey::Gyogyfurd};
 
 constexpr int longestUserField = 35; // letters, as the parameters allow
 
-QString userField(int slot) {
-    return u"Felh%1"_s.arg(slot);
+SheetKey userField(int slot) { // from 1
+    return userFieldKeys[slot - 1];
 }
 
 } // namespace
@@ -36,11 +37,10 @@ OtherDataFrame::OtherDataFrame(SheetDesk& desk, QWidget* form)
     grid->setColumnStretch(2, 1);
     body()->addLayout(grid);
     int row = 0;
-    const auto addField = [&](const QString& field, QWidget* beside) {
-        auto* label = new QLabel(sheetField(field)->label.toString());
-        label->setTextFormat(Qt::PlainText);
+    const auto addField = [&](SheetKey field, QWidget* beside) {
+        QLabel* label = desk.makeLabel(field);
         grid->addWidget(label, row, 0);
-        if (sheetField(field)->shown > 0) {
+        if (desk.description(field).shown > 0) {
             grid->addWidget(desk.input(field), row, 1);
             if (beside != nullptr) grid->addWidget(beside, row, 2);
         } else {
@@ -51,15 +51,15 @@ OtherDataFrame::OtherDataFrame(SheetDesk& desk, QWidget* form)
         return label;
     };
     const auto addGap = [&] { grid->setRowMinimumHeight(row++, 10); };
-    for (const QString& field : requests)
+    for (const SheetKey field : requests)
         addField(field, desk.makeMeaning(field));
     addGap();
-    for (const QString& field : counts)
+    for (const SheetKey field : counts)
         addField(field, nullptr);
     addGap();
     for (int slot = 1; slot <= 5; ++slot)
         m_userLabels[static_cast<std::size_t>(slot - 1)] = addField(userField(slot), nullptr);
-    desk.rules(u"K_kep"_s).leave = [this] { return capacityLeft(); };
+    desk.rules(SheetKey::K_kep).leave = [this] { return capacityLeft(); };
     setKeysHint(u"<F1> Lista     <Esc> Vissza a laphoz, a darabszámoknál az előző mezőre"_s);
 }
 
@@ -81,7 +81,7 @@ void OtherDataFrame::setUserFields(const std::array<UserField, 5>& fields) {
     }
 }
 
-bool OtherDataFrame::fieldKey(const QString& field, int key) {
+bool OtherDataFrame::fieldKey(SheetKey field, int key) {
     if (key == Qt::Key_Escape) {
         // In the three counts Esc goes one field back, everywhere else it leaves the frame.
         if (field == counts[0] || field == counts[1] || field == counts[2])
@@ -93,7 +93,7 @@ bool OtherDataFrame::fieldKey(const QString& field, int key) {
     // The frame's chain ends at its ends.
     if (key == Qt::Key_Up) return field == requests[0];
     if (key != Qt::Key_Return && key != Qt::Key_Down) return false;
-    QString last = counts[2];
+    SheetKey last = counts[2];
     for (int slot = 1; slot <= 5; ++slot)
         if (!m_desk.input(userField(slot))->isHidden()) last = userField(slot);
     if (field != last) return false;
@@ -102,15 +102,15 @@ bool OtherDataFrame::fieldKey(const QString& field, int key) {
 }
 
 bool OtherDataFrame::capacityLeft() {
-    if (m_desk.text(u"Szem_szam"_s).trimmed().isEmpty()) {
+    if (m_desk.text(SheetKey::Szem_szam).trimmed().isEmpty()) {
         m_desk.station.dialogue.tell(u"A táppénzes adatok kitöltéséhez meg kell adni a páciens adatokat!"_s,
                                      u"Hiba"_s);
-        Q_EMIT fieldWanted(u"Szem_szam"_s);
+        Q_EMIT fieldWanted(SheetKey::Szem_szam);
         return true;
     }
-    if (m_desk.text(u"Diag1"_s).trimmed().isEmpty()) {
+    if (m_desk.text(SheetKey::Diag1).trimmed().isEmpty()) {
         m_desk.station.dialogue.tell(u"A táppénzes adatok kitöltéséhez meg kell a fődiagnózist!"_s);
-        Q_EMIT fieldWanted(u"Diag1"_s);
+        Q_EMIT fieldWanted(SheetKey::Diag1);
         return true;
     }
     return !prepareSickPay || prepareSickPay();

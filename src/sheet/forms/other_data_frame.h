@@ -4,6 +4,7 @@
 
 #include "foundation/forms/overlay_frame.h"
 #include "foundation/workstation.h"
+#include "sheet/sheet_field_table.h"
 #include "sheet/sheet_settings.h"
 
 #include <array>
@@ -29,11 +30,11 @@ class OtherDataFrame : public OverlayFrame {
 
   Q_SIGNALS:
     // A field of the sheet is missing and must get the focus.
-    void fieldWanted(const QString& field);
+    void fieldWanted(SheetKey field);
 
   private:
     bool capacityLeft();
-    bool fieldKey(const QString& field, int key);
+    bool fieldKey(SheetKey field, int key);
 
     SheetDesk& m_desk;
     std::array<QLabel*, 5> m_userLabels{};

@@ -35,65 +35,64 @@ QString plainTip(const QString& text) {
 
 } // namespace
 
-PatientFrame::PatientFrame(SheetDesk& desk, const OpenCalendar& calendar, const OpenDictionary& dictionary,
-                           QWidget* parent)
+PatientFrame::PatientFrame(SheetDesk& desk, const OpenDictionary& dictionary, QWidget* parent)
     : FormGroup(u"Páciens"_s, 126, parent), m_desk(desk),
       m_eligibility(makeCaption(u"jogviszony"_s, u"Jogviszony"_s)),
       m_feeDuty(makeCaption(u"VizDijKot"_s, u"Vizitdíj-kötelezettség"_s)) {
-    layOut(calendar);
+    layOut();
     clearEligibility();
-    FieldRules& taj = desk.rules(u"Szem_szam"_s);
+    FieldRules& taj = desk.rules(SheetKey::Szem_szam);
     taj.changed = [this] { tajChanged(); };
     taj.leave = [this] { return tajLeft(); };
     taj.key = [this](int key) { return key == Qt::Key_Backspace && shortenTaj(); };
-    desk.rules(u"Irszam"_s).changed = [this] {
-        m_desk.setText(u"City"_s, townByPrefix(m_desk.station, m_desk.text(u"Irszam"_s)));
+    desk.rules(SheetKey::Irszam).changed = [this] {
+        m_desk.setText(SheetKey::City, townByPrefix(m_desk.station, m_desk.text(SheetKey::Irszam)));
     };
     // A town typed by hand stays only when it is typed after the postal code was left.
-    desk.rules(u"Irszam"_s).leave = [this] {
-        m_desk.setText(u"City"_s, townOf(m_desk.station, m_desk.text(u"Irszam"_s)));
+    desk.rules(SheetKey::Irszam).leave = [this] {
+        m_desk.setText(SheetKey::City, townOf(m_desk.station, m_desk.text(SheetKey::Irszam)));
         return true;
     };
-    desk.rules(u"Anyja_neve"_s).leave = [this] {
-        if (!m_desk.text(u"Anyja_neve"_s).trimmed().isEmpty()) return true;
+    desk.rules(SheetKey::Anyja_neve).leave = [this] {
+        if (!m_desk.text(SheetKey::Anyja_neve).trimmed().isEmpty()) return true;
         m_desk.station.dialogue.tell(u"Kötelezően kitöltendő adat!"_s, u"Hiba"_s);
         return false;
     };
-    desk.rules(u"Allampol_rov"_s).help = [dictionary] { dictionary(7); };
-    desk.rules(u"Allampol_rov"_s).changed = [this] { forgetCountryName(); };
+    desk.rules(SheetKey::Allampol_rov).help = [dictionary] { dictionary(7); };
+    desk.rules(SheetKey::Allampol_rov).changed = [this] { forgetCountryName(); };
 }
 
-void PatientFrame::layOut(const OpenCalendar& calendar) {
-    const auto field = [this](const QString& name) { return m_desk.input(name); };
+void PatientFrame::layOut() {
+    const auto field = [this](SheetKey key) { return m_desk.input(key); };
     QHBoxLayout* row = addRow(u"TAJ/Típus:"_s);
-    row->addWidget(field(u"Szem_szam"_s));
-    row->addWidget(field(u"Azon_tipus"_s));
-    row->addWidget(m_desk.makeMeaning(u"Azon_tipus"_s), 1);
+    row->addWidget(field(SheetKey::Szem_szam));
+    row->addWidget(field(SheetKey::Azon_tipus));
+    row->addWidget(m_desk.makeMeaning(SheetKey::Azon_tipus), 1);
     row->addWidget(m_eligibility);
     row->addWidget(m_feeDuty);
-    addRow(u"Név:"_s)->addWidget(field(u"Neve"_s));
+    addRow(u"Név:"_s)->addWidget(field(SheetKey::Neve));
     row = addRow(u"Lakhely:"_s);
-    row->addWidget(field(u"Irszam"_s));
-    row->addWidget(field(u"City"_s));
-    addRow(u"Cím:"_s)->addWidget(field(u"Cim"_s));
+    row->addWidget(field(SheetKey::Irszam));
+    row->addWidget(field(SheetKey::City));
+    addRow(u"Cím:"_s)->addWidget(field(SheetKey::Cim));
     row = addRow(u"Állampolgárság:"_s);
-    row->addWidget(field(u"Allampol_rov"_s));
+    row->addWidget(field(SheetKey::Allampol_rov));
     row->addSpacing(10);
     row->addWidget(plainLabel(u"Anyja neve:"_s));
-    row->addWidget(field(u"Anyja_neve"_s), 1);
-    addRow(u"Leánykori név:"_s)->addWidget(field(u"Leanykori_neve"_s));
+    row->addWidget(field(SheetKey::Anyja_neve), 1);
+    addRow(u"Leánykori név:"_s)->addWidget(field(SheetKey::Leanykori_neve));
     row = addRow(u"Közgyógy. ig. szám:"_s);
-    row->addWidget(field(u"KgySzam"_s), 1);
+    row->addWidget(field(SheetKey::KgySzam), 1);
     row->addSpacing(10);
     row->addWidget(plainLabel(u"Lejárata:"_s));
-    row->addWidget(field(u"KgyLe"_s));
-    row->addWidget(makeCalendarButton(m_desk, u"KgyLe"_s, calendar));
+    row->addWidget(field(SheetKey::KgyLe));
+    row->addWidget(m_desk.makeCalendarButton(SheetKey::KgyLe));
     row = addRow(u"Nem:"_s);
-    row->addWidget(field(u"Nem"_s));
-    row->addWidget(m_desk.makeMeaning(u"Nem"_s), 1);
+    row->addWidget(field(SheetKey::Nem));
+    row->addWidget(m_desk.makeMeaning(SheetKey::Nem), 1);
     row->addWidget(plainLabel(u"Születési dátum:"_s));
-    row->addWidget(field(u"Szul_dat"_s));
-    row->addWidget(makeCalendarButton(m_desk, u"Szul_dat"_s, calendar));
+    row->addWidget(field(SheetKey::Szul_dat));
+    row->addWidget(m_desk.makeCalendarButton(SheetKey::Szul_dat));
 }
 
 void PatientFrame::clearEligibility() {
@@ -107,28 +106,29 @@ void PatientFrame::clearEligibility() {
 }
 
 void PatientFrame::takeCountry(const QString& code, const QString& name) {
-    m_desk.setText(u"Allampol_rov"_s, code);
-    m_desk.input(u"Allampol_rov"_s)->setToolTip(plainTip(name));
+    m_desk.setText(SheetKey::Allampol_rov, code);
+    m_desk.input(SheetKey::Allampol_rov)->setToolTip(plainTip(name));
 }
 
 void PatientFrame::forgetCountryName() {
-    m_desk.input(u"Allampol_rov"_s)->setToolTip(QString());
+    m_desk.input(SheetKey::Allampol_rov)->setToolTip(QString());
 }
 
 // The town is not among these: it follows the postal code.
 void PatientFrame::clearPatient() {
-    for (const QString& name : {u"Neve"_s, u"Irszam"_s, u"Cim"_s, u"Anyja_neve"_s, u"Leanykori_neve"_s,
-                                u"KgySzam"_s, u"Azon_tipus"_s, u"Nem"_s})
-        m_desk.setText(name, QString());
-    m_desk.setText(u"Allampol_rov"_s, homeCountry);
-    m_desk.setText(u"KgyLe"_s, format::emptyDate);
-    m_desk.setText(u"Szul_dat"_s, format::emptyDate);
+    for (const SheetKey key :
+         {SheetKey::Neve, SheetKey::Irszam, SheetKey::Cim, SheetKey::Anyja_neve, SheetKey::Leanykori_neve,
+          SheetKey::KgySzam, SheetKey::Azon_tipus, SheetKey::Nem})
+        m_desk.setText(key, QString());
+    m_desk.setText(SheetKey::Allampol_rov, homeCountry);
+    m_desk.setText(SheetKey::KgyLe, format::emptyDate);
+    m_desk.setText(SheetKey::Szul_dat, format::emptyDate);
 }
 
 void PatientFrame::tajChanged() {
     if (m_filling) return;
     clearEligibility();
-    const QString typed = m_desk.text(u"Szem_szam"_s);
+    const QString typed = m_desk.text(SheetKey::Szem_szam);
     if (typed.trimmed().isEmpty()) {
         clearPatient();
         return;
@@ -139,22 +139,22 @@ void PatientFrame::tajChanged() {
         clearPatient();
         return;
     }
-    m_desk.setText(u"Neve"_s, patient->Neve);
-    m_desk.setText(u"Irszam"_s, patient->Irszam);
-    m_desk.setText(u"Cim"_s, patient->Cim);
-    m_desk.setText(u"Allampol_rov"_s, patient->Allampol_rov);
-    m_desk.setText(u"Anyja_neve"_s, patient->Anyja_neve);
-    m_desk.setText(u"Leanykori_neve"_s, patient->Leanykori_neve);
-    m_desk.setText(u"KgySzam"_s, patient->KgySzam);
-    m_desk.setText(u"KgyLe"_s, patient->KgyLe);
-    m_desk.setText(u"Azon_tipus"_s, patient->Azon_tipus);
-    m_desk.setText(u"Nem"_s, patient->Nem);
-    m_desk.setText(u"Szul_dat"_s, patient->Szul_dat);
+    m_desk.setText(SheetKey::Neve, patient->Neve);
+    m_desk.setText(SheetKey::Irszam, patient->Irszam);
+    m_desk.setText(SheetKey::Cim, patient->Cim);
+    m_desk.setText(SheetKey::Allampol_rov, patient->Allampol_rov);
+    m_desk.setText(SheetKey::Anyja_neve, patient->Anyja_neve);
+    m_desk.setText(SheetKey::Leanykori_neve, patient->Leanykori_neve);
+    m_desk.setText(SheetKey::KgySzam, patient->KgySzam);
+    m_desk.setText(SheetKey::KgyLe, patient->KgyLe);
+    m_desk.setText(SheetKey::Azon_tipus, patient->Azon_tipus);
+    m_desk.setText(SheetKey::Nem, patient->Nem);
+    m_desk.setText(SheetKey::Szul_dat, patient->Szul_dat);
     // The rest of the TAJ stands selected, so that typing goes on over it.
     m_filling = true;
-    m_desk.setText(u"Szem_szam"_s, patient->Taj);
+    m_desk.setText(SheetKey::Szem_szam, patient->Taj);
     m_filling = false;
-    QLineEdit* taj = m_desk.input(u"Szem_szam"_s);
+    QLineEdit* taj = m_desk.input(SheetKey::Szem_szam);
     const int length = static_cast<int>(typed.size());
     taj->setCursorPosition(length);
     if (patient->Taj.size() > length)
@@ -164,7 +164,7 @@ void PatientFrame::tajChanged() {
 // Backspace behind a completed TAJ would only delete the completion, which would come right back: it shortens
 // what was typed instead.
 bool PatientFrame::shortenTaj() {
-    QLineEdit* taj = m_desk.input(u"Szem_szam"_s);
+    QLineEdit* taj = m_desk.input(SheetKey::Szem_szam);
     const int start = taj->selectionStart();
     if (start < 1 || taj->selectionEnd() != taj->text().size()) return false;
     taj->setText(taj->text().left(start - 1));
@@ -173,7 +173,7 @@ bool PatientFrame::shortenTaj() {
 
 // Never holds the focus: a TAJ that fails its check can be stored.
 bool PatientFrame::tajLeft() {
-    const QString taj = m_desk.text(u"Szem_szam"_s).trimmed();
+    const QString taj = m_desk.text(SheetKey::Szem_szam).trimmed();
     if (taj.isEmpty()) return true;
     checkTajWithMessages(m_desk.station.dialogue, taj);
     if (m_eligibility->text().isEmpty() && eligibilityCheck) eligibilityCheck();

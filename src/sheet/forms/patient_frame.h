@@ -12,8 +12,7 @@ class PatientFrame : public FormGroup {
     Q_OBJECT
 
   public:
-    PatientFrame(SheetDesk& desk, const OpenCalendar& calendar, const OpenDictionary& dictionary,
-                 QWidget* parent);
+    PatientFrame(SheetDesk& desk, const OpenDictionary& dictionary, QWidget* parent);
 
     // The eligibility question and check; empty where there is no such service: then nothing is asked.
     std::function<void()> eligibilityCheck;
@@ -24,7 +23,7 @@ class PatientFrame : public FormGroup {
     void forgetCountryName();
 
   private:
-    void layOut(const OpenCalendar& calendar);
+    void layOut();
     void tajChanged();
     bool tajLeft();
     bool shortenTaj();

@@ -63,12 +63,12 @@ ProceduresFrame::ProceduresFrame(SheetDesk& desk, const OpenDictionary& dictiona
 
     QHBoxLayout* row = addWideRow();
     row->addWidget(plainLabel(u"Kód:"_s));
-    row->addWidget(desk.input(u"BEAV"_s));
+    row->addWidget(desk.input(SheetKey::BEAV));
     row->addWidget(plainLabel(u"Mennyiség:"_s));
-    row->addWidget(desk.input(u"MENNY"_s));
+    row->addWidget(desk.input(SheetKey::MENNY));
     row->addWidget(plainLabel(u"Jelleg:"_s));
-    row->addWidget(desk.input(u"BeavJelleg"_s));
-    row->addWidget(desk.makeMeaning(u"BeavJelleg"_s), 1);
+    row->addWidget(desk.input(SheetKey::BeavJelleg));
+    row->addWidget(desk.makeMeaning(SheetKey::BeavJelleg), 1);
     row->addWidget(m_add);
     row->addWidget(m_delete);
 
@@ -78,27 +78,27 @@ ProceduresFrame::ProceduresFrame(SheetDesk& desk, const OpenDictionary& dictiona
         if (!m_filling && current != previous) currentLineChanged(current);
     });
 
-    FieldRules& code = desk.rules(u"BEAV"_s);
+    FieldRules& code = desk.rules(SheetKey::BEAV);
     code.help = [dictionary] { dictionary(1); };
     code.key = [this](int key) { return codeKey(key); };
-    desk.rules(u"MENNY"_s).key = [this](int key) {
+    desk.rules(SheetKey::MENNY).key = [this](int key) {
         if (key == Qt::Key_Return) {
             addLine();
             return true;
         }
         if (key == Qt::Key_Down) {
-            SelectAll(m_desk.input(u"BeavJelleg"_s));
+            SelectAll(m_desk.input(SheetKey::BeavJelleg));
             return true;
         }
         return false;
     };
-    desk.rules(u"BeavJelleg"_s).key = [this](int key) {
+    desk.rules(SheetKey::BeavJelleg).key = [this](int key) {
         if (key == Qt::Key_Return || key == Qt::Key_Down) {
             m_add->setFocus(Qt::TabFocusReason);
             return true;
         }
         if (key == Qt::Key_Up) {
-            SelectAll(m_desk.input(u"MENNY"_s));
+            SelectAll(m_desk.input(SheetKey::MENNY));
             return true;
         }
         return false;
@@ -106,7 +106,7 @@ ProceduresFrame::ProceduresFrame(SheetDesk& desk, const OpenDictionary& dictiona
 }
 
 QList<QWidget*> ProceduresFrame::asideWidgets() const {
-    return {m_desk.input(u"BeavJelleg"_s), m_add, m_grid, m_delete};
+    return {m_desk.input(SheetKey::BeavJelleg), m_add, m_grid, m_delete};
 }
 
 bool ProceduresFrame::codeKey(int key) {
@@ -115,19 +115,19 @@ bool ProceduresFrame::codeKey(int key) {
         return true;
     }
     if (key == Qt::Key_Up) {
-        SelectAll(m_desk.input(u"Diag5"_s));
+        SelectAll(m_desk.input(SheetKey::Diag5));
         return true;
     }
     if (key == Qt::Key_Down) {
-        SelectAll(m_desk.input(u"MENNY"_s));
+        SelectAll(m_desk.input(SheetKey::MENNY));
         return true;
     }
     if (key < Qt::Key_F2 || key > Qt::Key_F9) return false;
     m_desk.guarded([this, key] {
         const QString code = getFunkcBeavKod(m_desk.station, keyCodeOfF2 + key - Qt::Key_F2);
-        m_desk.setText(u"BEAV"_s, code);
+        m_desk.setText(SheetKey::BEAV, code);
         showName(code.isEmpty() ? QString() : procedureNameByPrefix(m_desk.station, code));
-        m_desk.input(u"BEAV"_s)->selectAll();
+        m_desk.input(SheetKey::BEAV)->selectAll();
     });
     return true;
 }
@@ -137,13 +137,13 @@ void ProceduresFrame::showName(const QString& name) {
 }
 
 void ProceduresFrame::takeProcedure(const QString& code, const QString& name) {
-    m_desk.setText(u"BEAV"_s, code);
+    m_desk.setText(SheetKey::BEAV, code);
     showName(name);
 }
 
 void ProceduresFrame::setDefaultCharacter(const QString& character) {
     m_character = character;
-    m_desk.setText(u"BeavJelleg"_s, character);
+    m_desk.setText(SheetKey::BeavJelleg, character);
 }
 
 void ProceduresFrame::showSheet(const QString& key) {
@@ -184,26 +184,26 @@ void ProceduresFrame::currentLineChanged(int row) {
 // A line is written here and now, not at the store: leaving the sheet unstored keeps it, and that is wanted.
 void ProceduresFrame::addLine() {
     const bool done = m_desk.guarded([this] {
-        switch (addProcedureLine(m_desk.station, m_key, m_desk.text(u"BEAV"_s).trimmed(),
-                                 m_desk.text(u"MENNY"_s), m_desk.text(u"BeavJelleg"_s))) {
+        switch (addProcedureLine(m_desk.station, m_key, m_desk.text(SheetKey::BEAV).trimmed(),
+                                 m_desk.text(SheetKey::MENNY), m_desk.text(SheetKey::BeavJelleg))) {
         case AddLineOutcome::quantityRefused:
-            SelectAll(m_desk.input(u"MENNY"_s));
+            SelectAll(m_desk.input(SheetKey::MENNY));
             return;
         case AddLineOutcome::characterMissing:
-            SelectAll(m_desk.input(u"BeavJelleg"_s));
+            SelectAll(m_desk.input(SheetKey::BeavJelleg));
             return;
         case AddLineOutcome::codeUnknown:
-            SelectAll(m_desk.input(u"BEAV"_s));
+            SelectAll(m_desk.input(SheetKey::BEAV));
             return;
         case AddLineOutcome::added:
             break;
         }
         fillGrid(m_grid->rowCount()); // the new line is the last and the current one
-        m_desk.setText(u"BEAV"_s, QString());
-        m_desk.setText(u"MENNY"_s, u"1"_s);
-        m_desk.setText(u"BeavJelleg"_s, m_character);
+        m_desk.setText(SheetKey::BEAV, QString());
+        m_desk.setText(SheetKey::MENNY, u"1"_s);
+        m_desk.setText(SheetKey::BeavJelleg, m_character);
         showName(QString());
-        SelectAll(m_desk.input(u"BEAV"_s));
+        SelectAll(m_desk.input(SheetKey::BEAV));
     });
     // A quantity that the table refuses is typed over.
     if (auto* edit = qobject_cast<QLineEdit*>(focusWidget()); !done && edit != nullptr) edit->selectAll();
@@ -231,7 +231,7 @@ bool ProceduresFrame::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
         if (key == Qt::Key_Escape) {
-            SelectAll(m_desk.input(u"BEAV"_s));
+            SelectAll(m_desk.input(SheetKey::BEAV));
             return true;
         }
     }

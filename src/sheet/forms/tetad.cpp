@@ -2,7 +2,7 @@
 #include "sheet/forms/tetad.h"
 
 #include "foundation/code_lists.h"
-#include "foundation/forms/month_picker.h"
+#include "foundation/forms/form_overlays.h"
 #include "foundation/forms/pick_list_frame.h"
 #include "platform/format.h"
 #include "sheet/forms/institution_head.h"
@@ -71,54 +71,38 @@ tetad::tetad(Workstation& station, QWidget* opener)
     setObjectName(u"tetad"_s);
     setWindowTitle(u"Ambuláns adatlap"_s);
     layOut();
-    m_desk->buildChain([this](PickMarker marker, QLineEdit* field) { openPickList(marker, field); });
+    m_desk->buildChain();
     orderTabs();
     makeKeys();
 
-    for (OverlayFrame* frame :
-         {static_cast<OverlayFrame*>(m_other), static_cast<OverlayFrame*>(m_note),
-          static_cast<OverlayFrame*>(m_pickList), static_cast<OverlayFrame*>(m_calendar)})
-        connect(frame, &OverlayFrame::closeAsked, this, [this, frame] { leaveFrame(*frame); });
+    for (OverlayFrame* frame : {static_cast<OverlayFrame*>(m_other), static_cast<OverlayFrame*>(m_note)})
+        m_overlays->add(frame);
+    m_overlays->setHome(m_desk->input(SheetKey::Szakrend));
     connect(m_other, &OtherDataFrame::fieldWanted, this, &tetad::focusField);
-    connect(m_pickList, &PickListFrame::taken, this, [this](const QString& code) {
-        const QPointer<QWidget> field = m_pickList->returnTo;
-        uncover(*m_pickList, field);
-        if (field == nullptr) return;
-        m_desk->setText(field->objectName(), code);
-        SelectAll(field);
-    });
-    connect(m_pickList->switchBox(), &QCheckBox::toggled, this, [this](bool on) { m_desk->altEng = on; });
-    connect(m_calendar, &MonthPicker::picked, this, [this](const QString& date) {
-        const QPointer<QWidget> field = m_calendar->returnTo;
-        uncover(*m_calendar, field);
-        if (field == nullptr) return;
-        m_desk->setText(field->objectName(), date);
-        SelectAll(field);
-    });
+    connect(m_overlays->pickList().switchBox(), &QCheckBox::toggled, this,
+            [this](bool on) { m_desk->altEng = on; });
     connect(m_dictionary.get(), &tetad_kieg1::taken, this, &tetad::dictionaryTaken);
     connect(m_dictionary.get(), &tetad_kieg1::escaped, this, &tetad::dictionaryEscaped);
     connect(m_dictionary.get(), &tetad_kieg1::closed, this, &tetad::dictionaryClosed);
 }
 
 tetad::~tetad() {
-    m_desk->chain.blockChecks(true);
+    m_desk->chain.stopChecks();
 }
 
 void tetad::layOut() {
-    const OpenCalendar calendar = [this](const QString& field) { openCalendar(field); };
     const OpenDictionary dictionary = [this](int tableCode) { openDictionary(tableCode); };
     m_head = new InstitutionHead(this);
     auto* unit = new UnitFrame(*m_desk, this);
-    auto* care = new CareFrame(*m_desk, calendar, this);
+    auto* care = new CareFrame(*m_desk, this);
     auto* diagnoses = new DiagnosesFrame(*m_desk, dictionary, this);
-    auto* correction = new CorrectionFrame(*m_desk, calendar, this);
-    m_patient = new PatientFrame(*m_desk, calendar, dictionary, this);
+    auto* correction = new CorrectionFrame(*m_desk, this);
+    m_patient = new PatientFrame(*m_desk, dictionary, this);
     auto* fee = new FeeFrame(*m_desk, this);
     m_procedures = new ProceduresFrame(*m_desk, dictionary, this);
     m_other = new OtherDataFrame(*m_desk, this);
     m_note = new NoteFrame(*m_desk, this);
-    m_pickList = new PickListFrame(this);
-    m_calendar = new MonthPicker(this);
+    m_overlays = new FormOverlays(*m_desk, this);
 
     for (FormGroup* group : {static_cast<FormGroup*>(unit), static_cast<FormGroup*>(care),
                              static_cast<FormGroup*>(diagnoses), static_cast<FormGroup*>(correction)})
@@ -199,19 +183,19 @@ void tetad::makeKeys() {
             key->setAutoRepeat(false);
             connect(key, &QShortcut::activated, this, action);
         }
-    for (const SheetField& field : sheetFieldTable())
-        m_desk->input(QString::fromLatin1(field.name))->installEventFilter(this);
+    for (const FieldRow<SheetKey>& row : m_desk->table())
+        if (QLineEdit* input = m_desk->input(row.key)) input->installEventFilter(this);
     m_note->note()->installEventFilter(this);
 }
 
 // Tab goes along the fields as Enter does, and also to what Enter passes by.
 void tetad::orderTabs() {
-    setTabOrder(m_desk->input(u"VizDijOsszeg"_s), m_desk->input(u"Termen"_s));
-    setTabOrder(m_desk->input(u"Termen"_s), m_desk->input(u"VizitdijFizMod"_s));
-    QWidget* previous = m_desk->input(u"MENNY"_s);
+    setTabOrder(m_desk->input(SheetKey::VizDijOsszeg), m_desk->input(SheetKey::Termen));
+    setTabOrder(m_desk->input(SheetKey::Termen), m_desk->input(SheetKey::VizitdijFizMod));
+    QWidget* previous = m_desk->input(SheetKey::MENNY);
     QList<QWidget*> rest = m_procedures->asideWidgets();
-    for (const QString& name : {u"Jav"_s, u"Er_azon"_s, u"Edatum"_s, u"Enaplo"_s})
-        rest.append(m_desk->input(name));
+    for (const SheetKey key : {SheetKey::Jav, SheetKey::Er_azon, SheetKey::Edatum, SheetKey::Enaplo})
+        rest.append(m_desk->input(key));
     for (QWidget* widget : rest) {
         setTabOrder(previous, widget);
         previous = widget;
@@ -236,7 +220,7 @@ bool tetad::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void tetad::Uj() {
-    m_desk->chain.blockChecks(true);
+    const ChecksPaused paused(m_desk->chain);
     const bool made = m_desk->guarded([this] {
         const SheetFields sheet = makeNewSheet(station());
         setFields(sheet);
@@ -262,11 +246,12 @@ SheetFields tetad::fields() const {
 }
 
 void tetad::setFields(const SheetFields& fields) {
-    m_desk->chain.blockChecks(true);
-    uncoverAll();
+    m_closed.reset();
+    const ChecksPaused paused(m_desk->chain);
+    m_overlays->closeAll();
     m_desk->forgetToldFaults();
     m_desk->altEng = true;
-    m_pickList->switchBox()->setChecked(true);
+    m_overlays->pickList().switchBox()->setChecked(true);
     m_desk->correction = fields.correction;
     m_rest = fields;
     m_head->setKey(fields.Azonosito);
@@ -282,7 +267,6 @@ void tetad::setFields(const SheetFields& fields) {
     m_note->note()->setPlainText(fields.NOTE);
     m_procedures->showSheet(fields.Azonosito);
     m_desk->chain.settle(); // nothing that was left before concerns this sheet
-    m_desk->chain.blockChecks(false);
 }
 
 // What an activation reads anew: the settings, and the day.
@@ -290,29 +274,29 @@ void tetad::activate() {
     // A clinic that leaves the setting empty wants the character typed for each line.
     m_procedures->setDefaultCharacter(station().setup.value(u"ADATLAP_DEF"_s, u"BEAV_TIP"_s));
     m_head->setToday(format::shortDate(station().clock.today()));
-    m_desk->chain.blockChecks(true);
+    const ChecksPaused paused(m_desk->chain);
     placeFocus();
-    m_desk->chain.blockChecks(false);
 }
 
 void tetad::placeFocus() {
-    QString field = u"Szakrend"_s;
+    SheetKey field = SheetKey::Szakrend;
     const int marker = m_dictionary->returnMarker();
-    if (marker >= 1 && marker <= 5) field = u"Diag%1"_s.arg(marker);
-    if (marker == 6) field = u"Allampol_rov"_s;
-    if (marker == 7) field = m_escapedFromProcedures ? u"MENNY"_s : u"BEAV"_s;
+    if (marker >= 1 && marker <= 5) field = diagnosisKeys[marker - 1];
+    if (marker == 6) field = SheetKey::Allampol_rov;
+    if (marker == 7) field = m_escapedFromProcedures ? SheetKey::MENNY : SheetKey::BEAV;
     m_escapedFromProcedures = false;
     SelectAll(m_desk->input(field));
 }
 
 // After a correction the form stays open without a word.
 void tetad::store() {
-    if (pickingNow() || !m_desk->chain.checkFocused()) return;
+    if (m_overlays->picking() || !m_desk->chain.checkFocused()) return;
     StoreResult result;
     if (!m_desk->guarded([&] { result = storeSheet(station(), fields()); })) return;
     switch (result.outcome) {
     case StoreOutcome::refused:
-        focusField(result.field);
+        focusField(m_desk->keyOf(result.field) != nullptr ? *m_desk->keyOf(result.field)
+                                                          : SheetKey::Szakrend);
         return;
     case StoreOutcome::stored:
         return;
@@ -327,97 +311,32 @@ void tetad::store() {
 }
 
 // The focus goes to a field wherever it stands: a frame that hides it closes, the frame it stands in opens.
-void tetad::focusField(const QString& name) {
-    QLineEdit* field = m_desk->input(name);
-    if (field == nullptr) field = m_desk->input(u"EU_LAP"_s); // the EU sheet's fields are behind it
-    m_desk->chain.blockChecks(true);
-    const bool inOther = m_other->isAncestorOf(field);
-    for (OverlayFrame* frame : {static_cast<OverlayFrame*>(m_note), static_cast<OverlayFrame*>(m_other)})
-        if (frame->isVisible() && !frame->isAncestorOf(field)) frame->uncover();
-    if (inOther && !m_other->isVisible()) {
-        m_other->returnTo = m_desk->input(u"Szakrend"_s);
-        m_other->cover();
-    }
+void tetad::focusField(SheetKey key) {
+    QLineEdit* field = m_desk->input(key);
+    if (field == nullptr) field = m_desk->input(SheetKey::EU_LAP); // the EU sheet's fields are behind it
+    const ChecksPaused paused(m_desk->chain);
+    m_overlays->uncover(field);
+    if (m_other->isAncestorOf(field) && !m_other->isVisible())
+        m_overlays->show(*m_other, m_desk->input(SheetKey::Szakrend), field);
     SelectAll(field);
-    m_desk->chain.blockChecks(false);
-}
-
-// Covers the form with a frame, unless the field that has the focus does not let it go.
-bool tetad::cover(OverlayFrame& frame, QWidget* focus) {
-    if (!m_desk->chain.checkFocused()) return false;
-    frame.returnTo = focusWidget();
-    m_desk->chain.blockChecks(true);
-    frame.cover();
-    SelectAll(focus);
-    m_desk->chain.blockChecks(false);
-    return true;
-}
-
-void tetad::uncover(OverlayFrame& frame, QWidget* focus) {
-    m_desk->chain.blockChecks(true);
-    frame.uncover();
-    SelectAll(focus != nullptr ? focus : m_desk->input(u"Szakrend"_s));
-    m_desk->chain.blockChecks(false);
-}
-
-void tetad::leaveFrame(OverlayFrame& frame) {
-    if (!m_desk->chain.checkFocused() || !frame.isVisible()) return;
-    uncover(frame, frame.returnTo);
-}
-
-void tetad::uncoverAll() {
-    for (OverlayFrame* frame :
-         {static_cast<OverlayFrame*>(m_other), static_cast<OverlayFrame*>(m_note),
-          static_cast<OverlayFrame*>(m_pickList), static_cast<OverlayFrame*>(m_calendar)})
-        frame->uncover();
-}
-
-bool tetad::pickingNow() const {
-    return m_pickList->isVisible() || m_calendar->isVisible();
 }
 
 void tetad::openOtherData() {
-    if (pickingNow() || m_other->isVisible()) return;
-    if (m_note->isVisible()) leaveFrame(*m_note);
-    cover(*m_other, m_desk->input(u"Labor"_s));
+    if (m_overlays->picking() || m_other->isVisible()) return;
+    if (m_note->isVisible()) m_overlays->leave(*m_note);
+    m_overlays->cover(*m_other, m_desk->input(SheetKey::Labor));
 }
 
 void tetad::openNote() {
-    if (pickingNow() || m_note->isVisible()) return;
-    if (m_other->isVisible()) leaveFrame(*m_other);
-    if (!m_other->isVisible()) cover(*m_note, m_note->note());
-}
-
-// The check of the field that asked waits until the list is done with.
-void tetad::openPickList(PickMarker marker, QLineEdit* field) {
-    m_desk->guarded([&] {
-        m_desk->altEng = true;
-        m_pickList->switchBox()->setChecked(true);
-        m_pickList->load(station(), marker, field->text());
-        m_pickList->returnTo = field;
-        m_desk->chain.blockChecks(true);
-        m_pickList->cover();
-        m_pickList->list()->setFocus(Qt::OtherFocusReason);
-        m_desk->chain.blockChecks(false);
-    });
-}
-
-void tetad::openCalendar(const QString& field) {
-    if (pickingNow()) return;
-    // By its button the calendar opens while another field has the focus, which is then left.
-    if (focusWidget() != m_desk->input(field) && !m_desk->chain.checkFocused()) return;
-    m_calendar->load(m_desk->text(field), station().clock.today());
-    m_calendar->returnTo = m_desk->input(field);
-    m_desk->chain.blockChecks(true);
-    m_calendar->cover();
-    m_calendar->calendar()->setFocus(Qt::OtherFocusReason);
-    m_desk->chain.blockChecks(false);
+    if (m_overlays->picking() || m_note->isVisible()) return;
+    if (m_other->isVisible()) m_overlays->leave(*m_other);
+    if (!m_other->isVisible()) m_overlays->cover(*m_note, m_note->note());
 }
 
 void tetad::openDictionary(int tableCode) {
     // Opening disables this form, which takes the focus from the field: that is no leaving.
-    m_desk->chain.blockChecks(true);
-    if (!m_desk->guarded([&] { m_dictionary->openFor(tableCode); })) m_desk->chain.blockChecks(false);
+    m_dictionaryOpen.emplace(m_desk->chain);
+    if (!m_desk->guarded([&] { m_dictionary->openFor(tableCode); })) m_dictionaryOpen.reset();
 }
 
 void tetad::dictionaryTaken(int tableCode, const QString& code, const QString& name) {
@@ -426,19 +345,19 @@ void tetad::dictionaryTaken(int tableCode, const QString& code, const QString& n
     else if (tableCode == tetad_kieg1::citizenship)
         m_patient->takeCountry(code, name);
     else
-        m_desk->setText(u"Diag%1"_s.arg(tableCode - tetad_kieg1::firstDiagnosis + 1), code);
+        m_desk->setText(diagnosisKeys[tableCode - tetad_kieg1::firstDiagnosis], code);
 }
 
 void tetad::dictionaryEscaped(int tableCode) {
     // Esc among the diagnoses empties the slot that asked, and that is wanted.
     if (tableCode >= tetad_kieg1::firstDiagnosis && tableCode < tetad_kieg1::citizenship)
-        m_desk->setText(u"Diag%1"_s.arg(tableCode - tetad_kieg1::firstDiagnosis + 1), QString());
+        m_desk->setText(diagnosisKeys[tableCode - tetad_kieg1::firstDiagnosis], QString());
     m_escapedFromProcedures = tableCode == tetad_kieg1::procedures;
 }
 
 void tetad::dictionaryClosed() {
-    if (!isVisible()) return;
-    activate();
+    if (isVisible()) activate();
+    m_dictionaryOpen.reset();
 }
 
 void tetad::setEligibilityCheck(const std::function<void()>& check) {
@@ -454,8 +373,8 @@ void tetad::closeEvent(QCloseEvent* event) {
     // The dictionary first: its closing hands the form back to the clerk and lets the checks run again.
     if (m_dictionary->isVisible()) m_dictionary->close();
     m_dictionary->clearMarker();
-    m_desk->chain.blockChecks(true);
-    uncoverAll();
+    m_closed.emplace(m_desk->chain);
+    m_overlays->closeAll();
     WorkForm::closeEvent(event);
 }
 

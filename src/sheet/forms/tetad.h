@@ -2,13 +2,16 @@
 // the keys of the form and the road from field to store; rules of a group are the group's.
 #pragma once
 
+#include "foundation/forms/field_chain.h"
 #include "foundation/forms/work_form.h"
-#include "sheet/sheet_fields.h"
+#include "sheet/sheet_field_table.h"
 
 #include <QHash>
 #include <QPointer>
 
 #include <functional>
+#include <memory>
+#include <optional>
 
 class QLabel;
 class QLineEdit;
@@ -16,15 +19,11 @@ class QPushButton;
 
 namespace vandrel {
 
-enum class PickMarker;
-class DiagnosesFrame;
+class FormOverlays;
 class InstitutionHead;
-class MonthPicker;
 class NoteFrame;
 class OtherDataFrame;
-class OverlayFrame;
 class PatientFrame;
-class PickListFrame;
 class ProceduresFrame;
 class SheetDesk;
 class tetad_kieg1;
@@ -68,17 +67,10 @@ class tetad : public WorkForm {
 
     void activate();
     void placeFocus();
-    void focusField(const QString& name);
+    void focusField(SheetKey key);
 
-    bool cover(OverlayFrame& frame, QWidget* focus);
-    void uncover(OverlayFrame& frame, QWidget* focus);
-    void leaveFrame(OverlayFrame& frame);
-    void uncoverAll();
-    bool pickingNow() const;
     void openOtherData();
     void openNote();
-    void openPickList(PickMarker marker, QLineEdit* field);
-    void openCalendar(const QString& field);
     void openDictionary(int tableCode);
     void dictionaryTaken(int tableCode, const QString& code, const QString& name);
     void dictionaryEscaped(int tableCode);
@@ -90,11 +82,12 @@ class tetad : public WorkForm {
     ProceduresFrame* m_procedures = nullptr;
     OtherDataFrame* m_other = nullptr;
     NoteFrame* m_note = nullptr;
-    PickListFrame* m_pickList = nullptr;
-    MonthPicker* m_calendar = nullptr;
+    FormOverlays* m_overlays = nullptr;
     std::unique_ptr<tetad_kieg1> m_dictionary;
     SheetFields m_rest; // what stands in no field: the key, and the EU sheet's values
     bool m_escapedFromProcedures = false;
+    std::optional<ChecksPaused> m_dictionaryOpen; // taking the focus away is no leaving
+    std::optional<ChecksPaused> m_closed;         // until the next sheet
 };
 
 } // namespace vandrel

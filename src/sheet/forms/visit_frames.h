@@ -12,15 +12,11 @@ namespace vandrel {
 
 class SheetDesk;
 
-// A date field's calendar button asks for the month picker.
-using OpenCalendar = std::function<void(const QString& field)>;
 // The dictionary for a table code of tetad_kieg1.
 using OpenDictionary = std::function<void(int tableCode)>;
 
 inline constexpr int leftLabelWidth = 156;
 inline constexpr int rightLabelWidth = 200;
-
-QPushButton* makeCalendarButton(SheetDesk& desk, const QString& field, const OpenCalendar& open);
 
 class UnitFrame : public FormGroup {
     Q_OBJECT
@@ -38,7 +34,7 @@ class CareFrame : public FormGroup {
     Q_OBJECT
 
   public:
-    CareFrame(SheetDesk& desk, const OpenCalendar& calendar, QWidget* parent);
+    CareFrame(SheetDesk& desk, QWidget* parent);
 };
 
 class FeeFrame : public FormGroup {
@@ -66,7 +62,7 @@ class CorrectionFrame : public FormGroup {
     Q_OBJECT
 
   public:
-    CorrectionFrame(SheetDesk& desk, const OpenCalendar& calendar, QWidget* parent);
+    CorrectionFrame(SheetDesk& desk, QWidget* parent);
 };
 
 } // namespace vandrel

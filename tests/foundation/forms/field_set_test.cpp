@@ -26,8 +26,7 @@ constexpr FieldRow<QString Visitor::*> table[] = {
     {&Visitor::born,
      {.name = "BORN", .label = u"Született:", .shape = FieldShape::date, .dateCheck = DateCheck::birth}},
     {&Visitor::sex, {.name = "SEX", .label = u"Nem:", .limit = 1, .list = PickMarker::Nem}},
-    {&Visitor::count,
-     {.name = "COUNT", .numeric = true, .zeroWhenEmpty = true, .place = FieldPlace::aside}},
+    {&Visitor::count, {.name = "COUNT", .numeric = true, .zeroWhenEmpty = true, .place = FieldPlace::aside}},
 };
 static_assert(noFieldTwice(table));
 
@@ -80,9 +79,9 @@ TEST_F(FieldSetTest, FieldsGoThroughTheRecordAndBack) {
 
 TEST_F(FieldSetTest, KeysMeanWhatTheTableSays) {
     QStringList opened;
-    fields.setAids({.openList = [&](PickMarker list,
-                                    QLineEdit*) { opened << QString::number(static_cast<int>(list)); },
-                    .openCalendar = [&](QLineEdit* field) { opened << field->objectName(); }});
+    fields.setAids(
+        {.openList = [&](PickMarker list, QLineEdit*) { opened << QString::number(static_cast<int>(list)); },
+         .openCalendar = [&](QLineEdit* field) { opened << field->objectName(); }});
     fields.link(&Visitor::count, &Visitor::sex, &Visitor::name);
     QLabel* meaning = fields.makeMeaning(&Visitor::sex);
     meaning->setParent(&form);

@@ -1,6 +1,7 @@
 // A sheet is typed as a clerk types it: keys only, from the unit field to the store, and found in the tables.
 #include "platform/format.h"
 #include "sheet/forms/tetad_kieg1.h"
+#include "sheet/sheet_field_table.h"
 #include "sheet/sheet_fields.h"
 #include "support/sheet_screen.h"
 
@@ -262,16 +263,17 @@ TEST(TetadOpener, GivesTheOpenerBackAndGoes) {
 TEST_F(Tetad, EveryFieldGivesBackWhatItWasGiven) {
     SheetFields given = form.fields();
     given.correction = true;
-    for (const SheetFieldName& field : sheetFieldNames()) {
-        QString& value = field.of(given);
+    for (const FieldRow<SheetKey>& field : sheetFieldTable()) {
+        QString& value = valueOf(given, field.key);
         if (value.contains(u'.') || value.contains(u':')) continue; // masked: dates and the time
-        value = u"O'Brien %_\"; <b>x</b>\n& 漢 "_s + QString::fromLatin1(field.name) + QString(2000, u'ű');
+        value =
+            u"O'Brien %_\"; <b>x</b>\n& 漢 "_s + QString::fromLatin1(field.field.name) + QString(2000, u'ű');
     }
     given.Terites = u"0R"_s;
     form.setFields(given);
     SheetFields back = form.fields();
-    for (const SheetFieldName& field : sheetFieldNames())
-        EXPECT_EQ(field.of(back), field.of(given)) << field.name;
+    for (const FieldRow<SheetKey>& field : sheetFieldTable())
+        EXPECT_EQ(valueOf(back, field.key), valueOf(given, field.key)) << field.field.name;
     EXPECT_TRUE(back.correction);
     // A correction keeps a unit that is no longer in the dictionary and follows no unit.
     given.Szakrend = u"999999999"_s;
