@@ -95,8 +95,10 @@ void FieldSetBase::setTextAt(std::size_t place, const QString& value) {
         masked->setValue(value);
         return;
     }
-    field.input->setMaxLength(std::max(field.limit, static_cast<int>(value.size())));
+    // Wide while the text changes: a limit below the old text would cut it first, which is a change too.
+    field.input->setMaxLength(noLimit);
     field.input->setText(value);
+    field.input->setMaxLength(std::max(field.limit, static_cast<int>(field.input->text().size())));
     field.input->setCursorPosition(0);
 }
 
