@@ -235,9 +235,11 @@ bool FieldChain::settle() {
             good = entry->behaviour.leave();
         }
         if (good || field == nullptr) continue;
-        m_left.clear();
         kept = false;
         SelectAll(field);
+        // A field that loses the focus only because it is given back was not left by the clerk: checking it
+        // would send two wrong fields' boxes to and fro without end.
+        m_left.clear();
     }
     return kept;
 }
