@@ -47,16 +47,16 @@ void ListRun::waiting(const std::function<void()>& statement) {
     for (bool told = false;; told = true) {
         try {
             statement();
-            if (told && m_progress.status) m_progress.status(list_status::processing);
+            if (told) m_progress.stage(list_status::processing);
             return;
         } catch (const Fault& fault) {
             if (fault.number() != fault::dataFileInUse) throw;
         }
-        if (!told && m_progress.status) m_progress.status(list_status::waiting);
+        if (!told) m_progress.stage(list_status::waiting);
         if (!std::exchange(m_waited, true)) data().setLockWait(std::chrono::milliseconds(0));
         QThread::msleep(retryPause);
         m_turn.serve();
-        if (m_progress.ending && m_progress.ending()) throw ListStopped();
+        if (m_progress.ending()) throw ListStopped();
         askWhetherToStop();
     }
 }

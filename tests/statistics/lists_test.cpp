@@ -270,21 +270,25 @@ TEST_F(ListsTest, AListWaitsForAnotherProgramsLock) {
     Database other(clinic.workstation.files.path(DataFile::tetdata));
     other.execute("begin exclusive");
     int turns = 0;
-    QStringList status;
-    ListProgress progress;
-    progress.status = [&](const QString& text) { status << text; };
+    struct : Progress {
+        void stage(const QString& text) override { stages << text; }
+        bool stopWished() override { return impatient; }
+        QStringList stages;
+        bool impatient = false;
+    } progress;
     clinic.workstation.serveEvents = [&] {
         if (++turns == 2) other.execute("commit");
     };
     const ListRequest request = clinicRequest(StatisticsList::trafficLog);
     ASSERT_EQ(run(StatisticsList::trafficLog, request, progress), ListOutcome::ready);
     EXPECT_GE(turns, 2);
-    EXPECT_EQ(status, (QStringList{list_status::processing, list_status::waiting, list_status::processing}));
+    EXPECT_EQ(progress.stages,
+              (QStringList{list_status::processing, list_status::waiting, list_status::processing}));
     EXPECT_TRUE(written().contains(u"Munkahely összesen:  5\n"_s));
     // The user need not wait.
     other.execute("begin exclusive");
     turns = 2;
-    progress.stopWanted = [] { return true; };
+    progress.impatient = true;
     dialogue.expectQuestion(u"Megszakítja a lista készítését?"_s, Answer::yes);
     EXPECT_EQ(run(StatisticsList::trafficLog, request, progress), ListOutcome::stopped);
     other.execute("commit");
@@ -330,7 +334,7 @@ TEST_F(ListsTest, ATextTooWideForItsColumnIsSetSmallerAndThenCut) {
     // At 7 points it ends in three dots, within the column; the table has it whole.
     const QString longName = u"Őrgróf Pallavicininé "_s.repeated(6).trimmed();
     clinic.data().execute("update Paciensek set Neve=?1 where ID=1", longName);
-    ASSERT_EQ(runList(clinic.workstation, list, clinicRequest(list), page, {}), ListOutcome::ready);
+    ASSERT_EQ(runList(clinic.workstation, list, clinicRequest(list), page, quiet), ListOutcome::ready);
     const QString cut = page.TextItem().Item(12).Text();
     ASSERT_TRUE(cut.startsWith(u"<SIZE=7>Őrgróf Pallavicininé "_s)) << cut.toStdString();
     const QString shown = cut.mid(8, cut.indexOf(u"</SIZE>"_s) - 8);
