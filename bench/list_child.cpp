@@ -351,7 +351,8 @@ int storedChild(StatisticsList which, const QString& folder, const QString& from
     const double before = peakMegabytes();
     const Stopwatch elapsing;
     const ProcessorWatch watch;
-    if (runList(station, which, request, list.document, {}) != ListOutcome::ready)
+    Progress quiet;
+    if (runList(station, which, request, list.document, quiet) != ListOutcome::ready)
         fail("the list was not made");
     const double run = watch.seconds();
     const int pages = list.document.Pages();

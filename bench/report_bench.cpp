@@ -110,7 +110,7 @@ int reportChild(int argc, char** argv, const QString& folder, const QString& mon
         station.files[file];
 
     QWidget opener;
-    levForm form(station, &opener, u"0"_s);
+    levForm form(station, &opener, *menuEntry("er"));
     station.reportTarget = target;
     form.open();
     QApplication::processEvents();

@@ -18,51 +18,42 @@
 
 #include <QDir>
 
+#include <type_traits>
+
 using namespace Qt::StringLiterals;
 
 namespace vandrel {
 
 namespace {
 
-// One line for each menu entry whose screen is built; entries without a line stand disabled in the menu. The
-// entry brings the code and the titles that the form is steered by.
-struct Wiring {
-    const char* menu;
-    void (*open)(Program& program, const MenuEntry& entry);
-};
-
+// How the forms that are built are opened, by the name that the menu map gives; entries of other forms are
+// disabled. A form that is steered by its entry (code, titles) takes it.
 template<class Form>
-void openPlain(Program& program, const MenuEntry&) {
-    program.openForm<Form>();
+void openByEntry(Program& program, const MenuEntry& entry) {
+    if constexpr (std::is_constructible_v<Form, Workstation&, QWidget*, const MenuEntry&>)
+        program.openForm<Form>(entry);
+    else
+        program.openForm<Form>();
 }
 
 void openNewSheet(Program& program, const MenuEntry&) {
     program.makeForm<tetad>().Uj();
 }
 
-void openReport(Program& program, const MenuEntry& entry) {
-    program.openForm<levForm>(menuText(entry.code));
-}
+struct FormOpener {
+    std::string_view form;
+    void (*open)(Program& program, const MenuEntry& entry);
+    std::string_view onlyCode = {}; // the one code that the form knows so far; empty: all
+};
 
-void openList(Program& program, const MenuEntry& entry) {
-    program.openForm<statisztForm>(entry);
-}
-
-constexpr Wiring wirings[] = {
-    {"adfelv", openNewSheet},
-    {"betforg", openList},
-    {"haviosszmunk", openList},
-    {"haviossz", openList},
-    {"osszlist", openList},
-    {"tetlist", openList},
-    {"egyktgki", openList},
-    {"osszlisn", openList},
-    {"vizdijstatmenu", openList},
-    {"er", openReport},
-    {"flmen", openPlain<flujForm>},
-    {"int", openPlain<intad>},
-    {"gepazon", openPlain<gepazonform>},
-    {"nevj", openPlain<frmAbout>},
+constexpr FormOpener openers[] = {
+    {"tetad", openNewSheet},
+    {"statisztForm", openByEntry<statisztForm>},
+    {"levForm", openByEntry<levForm>, "0"},
+    {"flujForm", openByEntry<flujForm>},
+    {"intad", openByEntry<intad>},
+    {"gepazonform", openByEntry<gepazonform>},
+    {"frmAbout", openByEntry<frmAbout>},
 };
 
 } // namespace
@@ -83,11 +74,13 @@ Program::~Program() {
 }
 
 void Program::wire() {
-    for (const Wiring& wiring : wirings) {
-        const MenuEntry* entry = menuEntry(wiring.menu);
-        m_mainWindow->setOpener(QString::fromLatin1(wiring.menu),
-                                [this, entry, open = wiring.open] { open(*this, *entry); });
-    }
+    for (const MenuEntry& entry : menuMap())
+        for (const FormOpener& opener : openers) {
+            if (entry.form != opener.form) continue;
+            if (!opener.onlyCode.empty() && entry.code != opener.onlyCode) continue;
+            m_mainWindow->setOpener(menuText(entry.name),
+                                    [this, &entry, open = opener.open] { open(*this, entry); });
+        }
     m_mainWindow->setClockOpener([this] { openForm<kornyform>(); });
 }
 

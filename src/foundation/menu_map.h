@@ -27,7 +27,7 @@ struct MenuEntry {
     std::string_view form = {};        // the form's or the outside program's name
     std::string_view code = {};        // written into the form's hidden code label
     std::string_view windowTitle = {}; // replaces the form's window title
-    std::string_view titleSuffix = {}; // goes behind the form's window title
+    std::string_view titleSuffix = {}; // goes after the form's window title
     std::string_view title = {};       // head of the printed list
     std::string_view prompt = {};
     std::string_view label = {};
@@ -42,6 +42,11 @@ const MenuEntry* menuEntry(std::string_view name);
 
 inline QString menuText(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// The window title of a form for this opening: its own with the entry's suffix, or the entry's instead.
+inline QString windowTitleFor(const MenuEntry& entry, const QString& own) {
+    return entry.windowTitle.empty() ? own + menuText(entry.titleSuffix) : menuText(entry.windowTitle);
 }
 
 // The toolbar by index 1 to 6. Index 5 acts as no entry, and that is wanted.

@@ -249,9 +249,11 @@ QString Database::integrityCheck() {
 
 void Database::raise(int result) const {
     const QString engine = m_handle != nullptr ? QString::fromUtf8(sqlite3_errmsg(m_handle)) : QString();
+    // The user reads the text: none of the engine's English in it.
     const auto raiseAs = [&](int number, const QString& text) {
-        throw Fault(number, u"%1: %2 (%3)"_s.arg(fileName(), text, engine));
+        throw Fault(number, fileName() + u": "_s + text);
     };
+    const auto lastWord = [&engine] { return engine.section(' '_L1, -1); };
     switch (result & 0xff) {
     case SQLITE_FULL:
         raiseAs(fault::dataFileFull, u"a lemez megtelt"_s);
@@ -281,10 +283,10 @@ void Database::raise(int result) const {
     default:
         break;
     }
-    if (engine.contains("no such table"_L1)) raiseAs(fault::tableMissing, u"hiányzó tábla"_s);
+    if (engine.contains("no such table"_L1)) raiseAs(fault::tableMissing, u"hiányzó tábla: "_s + lastWord());
     if (engine.contains("no such column"_L1) || engine.contains("has no column"_L1))
-        raiseAs(fault::columnMissing, u"hiányzó oszlop"_s);
-    raiseAs(fault::storage, u"adatbázishiba"_s);
+        raiseAs(fault::columnMissing, u"hiányzó oszlop: "_s + lastWord());
+    raiseAs(fault::storage, u"adatbázishiba (%1)"_s.arg(result));
     Q_UNREACHABLE();
 }
 

@@ -1,5 +1,7 @@
 #include "print/pdf_file.h"
 
+#include "platform/program_name.h"
+
 #include <QPageLayout>
 
 #include <cerrno>
@@ -14,7 +16,7 @@ PdfJob::PdfJob(const QString& path, const PrintJobSetup& setup) : m_file(path), 
     m_writer.setPageLayout(QPageLayout(pageSize(setup.width, setup.height), QPageLayout::Portrait,
                                        QMarginsF(0, 0, 0, 0), QPageLayout::Point, QMarginsF(0, 0, 0, 0)));
     m_writer.setTitle(setup.title);
-    m_writer.setCreator(u"Vandrel Járóbeteg program"_s);
+    m_writer.setCreator(programTitle);
     if (!begin(m_writer)) throw refused();
 }
 

@@ -2,7 +2,8 @@
 
 #include "foundation/period_condition.h"
 #include "platform/event_turn.h"
-#include "platform/format.h"
+
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <vector>
@@ -30,15 +31,22 @@ OptionRule ruleOf(WriteBack option) {
     return {"(FLOPPY=1 or FLOPPY2=1)", "update BETEG set FLOPPY=0, FLOPPY2=0 where rowid=?"};
 }
 
+// Year and month whole. A half-filled mask compares as a text with every date, and would clear the marks of
+// other years.
+bool isPeriod(const QString& text) {
+    static const QRegularExpression period(u"^[0-9]{4}\\.(0[1-9]|1[0-2])$"_s);
+    return period.match(text).hasMatch();
+}
+
 } // namespace
 
 WriteBackOutcome writeBackMarks(Workstation& station, const QString& from, const QString& to,
                                 WriteBack option, const std::function<void(qint64, qint64)>& moved) {
-    if (from == format::emptyPeriod) {
+    if (!isPeriod(from)) {
         station.dialogue.tell(u"Nem adott meg -Tól értéket!"_s);
         return {u"from"_s, 0};
     }
-    if (to == format::emptyPeriod) {
+    if (!isPeriod(to)) {
         station.dialogue.tell(u"Nem adott meg -Ig értéket!"_s);
         return {u"to"_s, 0};
     }

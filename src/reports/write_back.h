@@ -12,7 +12,7 @@ namespace vandrel {
 enum class WriteBack { original, corrected, both };
 
 struct WriteBackOutcome {
-    QString field;     // "from" or "to" when that mask is unfilled: its box was shown, nothing was done
+    QString field;     // "from" or "to" when that is no whole period: its box was shown, nothing was done
     qint64 sheets = 0; // whose marks were cleared
 };
 

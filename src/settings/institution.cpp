@@ -5,7 +5,6 @@
 #include "platform/code_page.h"
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -15,29 +14,41 @@ namespace {
 
 constexpr qsizetype labelLength = 3;
 
+// Where a failing check says so: in the status line, in a box, or not at all.
+constexpr const char16_t* statusLine = u"";
+constexpr const char16_t* box = u"Hiba";
+
 struct Check {
     QString InstitutionFields::*field;
     const char* name;
-    int length;         // fewer characters than this are wrong
-    const char* status; // text of the status line
-    const char* box;    // text of the box, title "Hiba"
+    int length; // fewer characters than this are wrong
+    const char16_t* message;
+    const char16_t* title;
+
+    bool failsIf(const InstitutionFields& fields) const { return (fields.*field).trimmed().size() < length; }
+    CheckFailure failure() const {
+        return {QString::fromUtf16(message), QString::fromUtf16(title), Icon::critical,
+                QString::fromLatin1(name)};
+    }
 };
 
 constexpr Check checks[] = {
-    {&InstitutionFields::Int_nev, "Int_nev", 1, " Hiba: Az intézet neve mező üresen maradt!", nullptr},
+    {&InstitutionFields::Int_nev, "Int_nev", 1, u" Hiba: Az intézet neve mező üresen maradt!", statusLine},
     {&InstitutionFields::Gyogyi_kod, "Gyogyi_kod", 1,
-     " Hiba: Az intézet GYÓGYINFOK kódja mező üresen maradt!", nullptr},
-    {&InstitutionFields::Orv_kod, "Orv_kod", 1, " Hiba: Az ellátó orvos kódja mező üresen maradt!", nullptr},
-    {&InstitutionFields::Szakrend_kod, "Szakrend_kod", 1, " Hiba: A szakrendelő kódja mező üresen maradt!",
-     nullptr},
-    // The town is called the institution's name here; the text is kept on purpose.
-    {&InstitutionFields::City, "City", 1, " Hiba :Az intézet neve mező üresen maradt!", nullptr},
-    {&InstitutionFields::NBK_KOD, "NBK_KOD", 1, " Hiba: Az intézet NBK kódja mező üresen maradt!", nullptr},
-    // A short GYÓGYINFOK code stops the save without a word, and that is wanted.
-    {&InstitutionFields::Gyogyi_kod, "Gyogyi_kod", 4, nullptr, nullptr},
-    {&InstitutionFields::Orv_kod, "Orv_kod", 5, nullptr, "Hiba: az ellátó orvos kódja 5 jegyű!"},
-    {&InstitutionFields::Szakrend_kod, "Szakrend_kod", 9, nullptr, "Hiba: a szakrendelő kódja 9 jegyű!"},
-    {&InstitutionFields::NBK_KOD, "NBK_KOD", 4, nullptr, "Hiba: az intézet NBK kódja 4 jegyű!"},
+     u" Hiba: Az intézet GYÓGYINFOK kódja mező üresen maradt!", statusLine},
+    {&InstitutionFields::Orv_kod, "Orv_kod", 1, u" Hiba: Az ellátó orvos kódja mező üresen maradt!",
+     statusLine},
+    {&InstitutionFields::Szakrend_kod, "Szakrend_kod", 1, u" Hiba: A szakrendelő kódja mező üresen maradt!",
+     statusLine},
+    // Deliberate: the town is called the institution's name here.
+    {&InstitutionFields::City, "City", 1, u" Hiba :Az intézet neve mező üresen maradt!", statusLine},
+    {&InstitutionFields::NBK_KOD, "NBK_KOD", 1, u" Hiba: Az intézet NBK kódja mező üresen maradt!",
+     statusLine},
+    // Deliberate: a short GYÓGYINFOK code stops the save without a word.
+    {&InstitutionFields::Gyogyi_kod, "Gyogyi_kod", 4, u"", statusLine},
+    {&InstitutionFields::Orv_kod, "Orv_kod", 5, u"Hiba: az ellátó orvos kódja 5 jegyű!", box},
+    {&InstitutionFields::Szakrend_kod, "Szakrend_kod", 9, u"Hiba: a szakrendelő kódja 9 jegyű!", box},
+    {&InstitutionFields::NBK_KOD, "NBK_KOD", 4, u"Hiba: az intézet NBK kódja 4 jegyű!", box},
 };
 
 QString masked(const QString& stored, const QString& emptyMask) {
@@ -77,16 +88,16 @@ InstitutionFields loadInstitution(Workstation& station) {
     return result;
 }
 
-InstitutionFault checkInstitutionFields(const InstitutionFields& fields) {
-    for (const Check& check : checks)
-        if ((fields.*check.field).trimmed().size() < check.length)
-            return {QLatin1StringView(check.name), QString::fromUtf8(check.status),
-                    QString::fromUtf8(check.box)};
-    const QString box = u"Hiba: %1 nem tárolható! Legfeljebb 39 betű lehet, idézőjelek és szélső "
-                        "szóközök nélkül, a magyar kódlap betűivel."_s;
-    if (!keepsInSetup(fields.Login)) return {u"Login"_s, {}, box.arg(u"a bejelentkező név"_s)};
-    if (!keepsInSetup(fields.Password)) return {u"Password"_s, {}, box.arg(u"a jelszó"_s)};
-    return {};
+std::optional<CheckFailure> checkInstitutionFields(const InstitutionFields& fields) {
+    if (const auto failure = firstFailure(checks, fields)) return failure;
+    const auto refused = [](const QString& what, const QString& field) {
+        return CheckFailure{u"Hiba: %1 nem tárolható! Legfeljebb 39 betű lehet, idézőjelek és szélső "
+                            "szóközök nélkül, a magyar kódlap betűivel."_s.arg(what),
+                            u"Hiba"_s, Icon::critical, field};
+    };
+    if (!keepsInSetup(fields.Login)) return refused(u"a bejelentkező név"_s, u"Login"_s);
+    if (!keepsInSetup(fields.Password)) return refused(u"a jelszó"_s, u"Password"_s);
+    return std::nullopt;
 }
 
 void storeInstitution(Workstation& station, const InstitutionFields& fields) {

@@ -2,9 +2,12 @@
 // checking and storing. Knows no window.
 #pragma once
 
+#include "foundation/checks.h"
 #include "foundation/workstation.h"
 
 #include <QString>
+
+#include <optional>
 
 namespace vandrel {
 
@@ -23,15 +26,9 @@ inline constexpr int loginLength = 39; // what a read buffer of 40 characters ho
 // Null texts are empty. Account and tax number are the empty masks when they are empty, Null or "0".
 InstitutionFields loadInstitution(Workstation& station);
 
-// What a check found: a text for the status line, or a box with its title; both empty when the save stops
-// without a word.
-struct InstitutionFault {
-    QString field; // objectName; empty: nothing is wrong
-    QString status;
-    QString box;
-};
-// The checks in their order; every one tests the trimmed text.
-InstitutionFault checkInstitutionFields(const InstitutionFields& fields);
+// The checks in their order; every one tests the trimmed text. A failure without a title goes to the status
+// line.
+std::optional<CheckFailure> checkInstitutionFields(const InstitutionFields& fields);
 
 // Edits the row or adds it. Plain texts are stored trimmed, an empty street as one blank. Faults of the data
 // file pass through with nothing written.

@@ -64,7 +64,8 @@ bool deleteProcedureLine(Workstation& station, qint64 rowid) {
         station.dialogue.tell(u"Nincs kijelölve törlendő beavatkozás!"_s, u"Hiba"_s);
         return false;
     }
-    if (!station.dialogue.ask(u"Tényleg törölni akarja?"_s, u"Kérdés"_s)) return false;
+    if (!station.dialogue.ask(u"Tényleg törölni akarja?"_s, u"Kérdés"_s, Icon::question, Asking::loss))
+        return false;
     return station.files[DataFile::tetdata].execute("delete from EUSZOLG where rowid=?1", rowid) > 0;
 }
 

@@ -135,7 +135,8 @@ void refuseTakenKey(StoreRun& run) {
 void askForRegister(StoreRun& run) {
     if (findPatientId(run.station, run.record.fields.Szem_szam)) return;
     run.enterPatient = run.station.dialogue.ask(
-        u"Ilyen TAJ számú beteg nincs a Páciens törzsben!\nKivánja most rögzíteni?"_s, u"Kérdés"_s);
+        u"Ilyen TAJ számú beteg nincs a Páciens törzsben!\nKivánja most rögzíteni?"_s, u"Kérdés"_s,
+        Icon::question, Asking::writes);
 }
 
 // Another program may have entered the patient while the question was shown. Not entered: the sheet goes on

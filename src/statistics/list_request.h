@@ -1,10 +1,8 @@
-// What the user asked for on the statistics screen, and what a list tells while it runs.
+// What the user asked for on the statistics screen, and how a list ended.
 #pragma once
 
 #include <QString>
 #include <QStringList>
-
-#include <functional>
 
 namespace vandrel {
 
@@ -50,17 +48,5 @@ inline const QString waiting = u"Várakozás: az adatállományt más program ha
 inline const QString makingPreview = u"Nyomtatási kép létrehozása..."_s;
 inline const QString ready = u"Lista kész!"_s;
 } // namespace list_status
-
-// How a running list shows itself. Empty functions are allowed.
-struct ListProgress {
-    std::function<void(const QString&)> status; // a text for the status line
-    // Sheets done and all of them, a few times a second. Lists 3 and 4 then count their lines the same way.
-    std::function<void(qint64, qint64)> sheetsDone;
-    // Asked a few times a second: true when the user has pressed Esc since it was last asked. The list's
-    // runner then asks whether to stop; the screen asks nothing itself.
-    std::function<bool()> stopWanted;
-    // True when the program is ending: the list is broken off without a question.
-    std::function<bool()> ending;
-};
 
 } // namespace vandrel

@@ -21,7 +21,7 @@ constexpr float closingSize = 11;
 } // namespace
 
 ListRun::ListRun(Workstation& workstation, const ListRequest& asked, ListWriter& writer,
-                 const ListProgress& listProgress, OnFault onFault)
+                 Progress& listProgress, OnFault onFault)
     : station(workstation), request(asked),
       lookUps(workstation, [this](const auto& lookUp) { waiting(lookUp); }), m_writer(writer),
       m_progress(listProgress), m_onFault(onFault), m_turn(workstation.serveEvents) {}
@@ -32,15 +32,14 @@ ListRun::~ListRun() {
 
 void ListRun::turn(qint64 done, qint64 all) {
     const bool display = m_turn.displayDue();
-    if ((display || done == all) && m_progress.sheetsDone) m_progress.sheetsDone(done, all);
+    if (display || done == all) m_progress.moved(done, all);
     m_turn.serve();
-    if (m_progress.ending && m_progress.ending()) throw ListStopped();
+    if (m_progress.ending()) throw ListStopped();
     if (display) askWhetherToStop();
 }
 
 void ListRun::askWhetherToStop() {
-    if (m_progress.stopWanted && m_progress.stopWanted() &&
-        station.dialogue.ask(u"Megszakítja a lista készítését?"_s))
+    if (m_progress.stopWished() && station.dialogue.ask(u"Megszakítja a lista készítését?"_s))
         throw ListStopped();
 }
 
@@ -48,16 +47,16 @@ void ListRun::waiting(const std::function<void()>& statement) {
     for (bool told = false;; told = true) {
         try {
             statement();
-            if (told && m_progress.status) m_progress.status(list_status::processing);
+            if (told) m_progress.stage(list_status::processing);
             return;
         } catch (const Fault& fault) {
             if (fault.number() != fault::dataFileInUse) throw;
         }
-        if (!told && m_progress.status) m_progress.status(list_status::waiting);
+        if (!told) m_progress.stage(list_status::waiting);
         if (!std::exchange(m_waited, true)) data().setLockWait(std::chrono::milliseconds(0));
         QThread::msleep(retryPause);
         m_turn.serve();
-        if (m_progress.ending && m_progress.ending()) throw ListStopped();
+        if (m_progress.ending()) throw ListStopped();
         askWhetherToStop();
     }
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "foundation/institution_data.h"
+#include "foundation/progress.h"
 #include "platform/event_turn.h"
 #include "statistics/list_look_ups.h"
 #include "statistics/list_request.h"
@@ -22,8 +23,8 @@ enum class OnFault { skipStatement, endList };
 
 class ListRun {
   public:
-    ListRun(Workstation& workstation, const ListRequest& asked, ListWriter& writer,
-            const ListProgress& listProgress, OnFault onFault);
+    ListRun(Workstation& workstation, const ListRequest& asked, ListWriter& writer, Progress& listProgress,
+            OnFault onFault);
     ~ListRun();
     ListRun(const ListRun&) = delete;
     ListRun& operator=(const ListRun&) = delete;
@@ -78,7 +79,7 @@ class ListRun {
     void askWhetherToStop();
 
     ListWriter& m_writer;
-    const ListProgress& m_progress;
+    Progress& m_progress;
     const OnFault m_onFault;
     qint64 m_unread = 0;
     qint64 m_incomplete = 0;

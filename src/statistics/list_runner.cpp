@@ -74,7 +74,7 @@ QString leftOut(const ListRun& run) {
 }
 
 ListOutcome made(Workstation& station, StatisticsList list, const ListRequest& request, qcPrinter& document,
-                 const ListProgress& progress) {
+                 Progress& progress) {
     const ListEntry& chosen = entry(list);
     startDocument(document);
     ListWriter writer(document);
@@ -110,8 +110,8 @@ QString listFileName(const QString& title, StatisticsList list, const ListReques
 }
 
 ListOutcome runList(Workstation& station, StatisticsList list, const ListRequest& request,
-                    qcPrinter& document, const ListProgress& progress) {
-    if (progress.status) progress.status(list_status::processing);
+                    qcPrinter& document, Progress& progress) {
+    progress.stage(list_status::processing);
     ListOutcome outcome = ListOutcome::failed;
     try {
         outcome = made(station, list, request, document, progress);

@@ -203,7 +203,7 @@ TEST(WriteBack, NothingFoundAndFaults) {
     test.data().executeScript("create trigger refuse before update on BETEG when old.AZONOSITO='TST0000002' "
                               "begin select raise(abort, 'no'); end");
     test.dialogue.expect(u"Az adatvisszaállítás nem sikerült, az adatok nem változtak!\n"
-                         "tetdata.mdb: az adat nem tárolható (no)"_s,
+                         "tetdata.mdb: az adat nem tárolható"_s,
                          u"Hiba"_s);
     writeBackMarks(test.workstation, march, march, WriteBack::original, {});
     EXPECT_EQ(firstText(test.data(), "select sum(FLOPPY) from BETEG"), u"2"_s);

@@ -54,14 +54,16 @@ TEST(InstitutionFields, ChecksInOrder) {
         {&InstitutionFields::Int_nev, "   ", "Int_nev", " Hiba: Az intézet neve mező üresen maradt!", ""},
     };
     InstitutionFields fields = good();
-    EXPECT_EQ(checkInstitutionFields(fields).field, QString());
+    EXPECT_FALSE(checkInstitutionFields(fields).has_value());
     for (const auto& step : steps) {
         SCOPED_TRACE(step.field);
         fields.*step.member = QString::fromUtf8(step.value);
-        const InstitutionFault fault = checkInstitutionFields(fields);
-        EXPECT_EQ(fault.field, QLatin1StringView(step.field));
-        EXPECT_EQ(fault.status, QString::fromUtf8(step.status));
-        EXPECT_EQ(fault.box, QString::fromUtf8(step.box));
+        const auto failure = checkInstitutionFields(fields);
+        ASSERT_TRUE(failure.has_value());
+        EXPECT_EQ(failure->field, QLatin1StringView(step.field));
+        const bool inBox = *step.box != 0;
+        EXPECT_EQ(failure->message, QString::fromUtf8(inBox ? step.box : step.status));
+        EXPECT_EQ(failure->title, inBox ? u"Hiba"_s : QString());
     }
 }
 
@@ -77,7 +79,8 @@ TEST(InstitutionFields, LoginThatSetupIniWouldChangeIsRefused) {
         TestWorkstation test;
         InstitutionFields fields = good();
         fields.Login = entry.login;
-        EXPECT_EQ(checkInstitutionFields(fields).field, entry.kept ? QString() : u"Login"_s);
+        const auto failure = checkInstitutionFields(fields);
+        EXPECT_EQ(failure ? failure->field : QString(), entry.kept ? QString() : u"Login"_s);
         if (!entry.kept) continue;
         storeLogin(test.workstation, fields);
         EXPECT_EQ(loadInstitution(test.workstation).Login, entry.login);

@@ -63,9 +63,12 @@ class ListsTest : public ::testing::Test {
   protected:
     ListsTest() { addStatisticsData(clinic); }
 
-    ListOutcome run(StatisticsList list, const ListRequest& request, const ListProgress& progress = {}) {
+    Progress quiet;
+
+    ListOutcome run(StatisticsList list, const ListRequest& request, Progress& progress) {
         return runList(clinic.workstation, list, request, document, progress);
     }
+    ListOutcome run(StatisticsList list, const ListRequest& request) { return run(list, request, quiet); }
     ListOutcome run(StatisticsList list) { return run(list, clinicRequest(list)); }
 
     // Each item as its size, b(old), u(nderlined), c(entred) and text; no-break spaces show as a dot. Behind
@@ -183,28 +186,29 @@ TEST_F(ListsTest, OnlySheetsWithoutLinesGiveSumsOfNothing) {
 
 TEST_F(ListsTest, TheUserMayBreakAListOff) {
     const QString before = scratchSum();
-    int asked = 0;
-    qint64 done = 0, all = 0;
-    ListProgress progress;
-    progress.stopWanted = [&] { return ++asked > 0; };
-    progress.sheetsDone = [&](qint64 sheets, qint64 of) {
-        done = sheets;
-        all = of;
-    };
+    struct : Progress {
+        void moved(qint64 position, qint64 total) override {
+            done = position;
+            all = total;
+        }
+        bool stopWished() override { return ++asked > 0; }
+        int asked = 0;
+        qint64 done = 0, all = 0;
+    } progress;
     for (const StatisticsList list : {StatisticsList::trafficLog, StatisticsList::referrersMonthly}) {
         const qint64 sheets = list == StatisticsList::trafficLog ? 5 : 3;
         dialogue.expectQuestion(u"Megszakítja a lista készítését?"_s, Answer::yes);
         EXPECT_EQ(run(list, clinicRequest(list), progress), ListOutcome::stopped);
         EXPECT_TRUE(empty());
         EXPECT_EQ(scratchSum(), before); // what was copied so far is not kept
-        EXPECT_EQ(done, sheets);
-        EXPECT_EQ(all, sheets);
+        EXPECT_EQ(progress.done, sheets);
+        EXPECT_EQ(progress.all, sheets);
     }
-    asked = 0;
+    progress.asked = 0;
     dialogue.expectQuestion(u"Megszakítja a lista készítését?"_s, Answer::no);
     EXPECT_EQ(run(StatisticsList::trafficLog, clinicRequest(StatisticsList::trafficLog), progress),
               ListOutcome::ready);
-    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(progress.asked, 1);
     EXPECT_FALSE(empty());
 }
 
@@ -236,7 +240,7 @@ TEST_F(ListsTest, TheItemisedListsGoOnOverFailingStatements) {
     // Without the sheets themselves there is no list to go on with.
     clinic.data().executeScript("drop table BETEG");
     dialogue.expect(u"Hiba lépett fel a nyomtatás során! %1\n"_s.arg(fault::tableMissing) +
-                        u"tetdata.mdb: hiányzó tábla (no such table: BETEG)"_s,
+                        u"tetdata.mdb: hiányzó tábla: BETEG"_s,
                     programTitle, Icon::warning);
     EXPECT_EQ(run(StatisticsList::trafficLog), ListOutcome::failed);
     EXPECT_TRUE(empty());
@@ -266,21 +270,25 @@ TEST_F(ListsTest, AListWaitsForAnotherProgramsLock) {
     Database other(clinic.workstation.files.path(DataFile::tetdata));
     other.execute("begin exclusive");
     int turns = 0;
-    QStringList status;
-    ListProgress progress;
-    progress.status = [&](const QString& text) { status << text; };
+    struct : Progress {
+        void stage(const QString& text) override { stages << text; }
+        bool stopWished() override { return impatient; }
+        QStringList stages;
+        bool impatient = false;
+    } progress;
     clinic.workstation.serveEvents = [&] {
         if (++turns == 2) other.execute("commit");
     };
     const ListRequest request = clinicRequest(StatisticsList::trafficLog);
     ASSERT_EQ(run(StatisticsList::trafficLog, request, progress), ListOutcome::ready);
     EXPECT_GE(turns, 2);
-    EXPECT_EQ(status, (QStringList{list_status::processing, list_status::waiting, list_status::processing}));
+    EXPECT_EQ(progress.stages,
+              (QStringList{list_status::processing, list_status::waiting, list_status::processing}));
     EXPECT_TRUE(written().contains(u"Munkahely összesen:  5\n"_s));
     // The user need not wait.
     other.execute("begin exclusive");
     turns = 2;
-    progress.stopWanted = [] { return true; };
+    progress.impatient = true;
     dialogue.expectQuestion(u"Megszakítja a lista készítését?"_s, Answer::yes);
     EXPECT_EQ(run(StatisticsList::trafficLog, request, progress), ListOutcome::stopped);
     other.execute("commit");
@@ -313,7 +321,7 @@ TEST_F(ListsTest, ATextTooWideForItsColumnIsSetSmallerAndThenCut) {
     PrintEngine wideEngine{wide, stand.printers, stand.clock};
     qcPrinter page(wideEngine);
     const StatisticsList list = StatisticsList::visitFees;
-    ASSERT_EQ(runList(clinic.workstation, list, clinicRequest(list), page, {}), ListOutcome::ready);
+    ASSERT_EQ(runList(clinic.workstation, list, clinicRequest(list), page, quiet), ListOutcome::ready);
     const QString line = page.TextItem().Item(12).Text();
     const QString caption = name + u" (123456788)"_s;
     const double room = 79 * 56.7;
@@ -326,7 +334,7 @@ TEST_F(ListsTest, ATextTooWideForItsColumnIsSetSmallerAndThenCut) {
     // At 7 points it ends in three dots, within the column; the table has it whole.
     const QString longName = u"Őrgróf Pallavicininé "_s.repeated(6).trimmed();
     clinic.data().execute("update Paciensek set Neve=?1 where ID=1", longName);
-    ASSERT_EQ(runList(clinic.workstation, list, clinicRequest(list), page, {}), ListOutcome::ready);
+    ASSERT_EQ(runList(clinic.workstation, list, clinicRequest(list), page, quiet), ListOutcome::ready);
     const QString cut = page.TextItem().Item(12).Text();
     ASSERT_TRUE(cut.startsWith(u"<SIZE=7>Őrgróf Pallavicininé "_s)) << cut.toStdString();
     const QString shown = cut.mid(8, cut.indexOf(u"</SIZE>"_s) - 8);
@@ -345,7 +353,7 @@ TEST_F(ListsTest, ATextTooWideForItsColumnIsSetSmallerAndThenCut) {
     // A type that was kept with its meaning would reach into the next column.
     clinic.data().execute("update Paciensek set Azon_Tipus='1: TAJ szám' where ID=1");
     for (const StatisticsList log : {StatisticsList::trafficLog, StatisticsList::referrersItemised}) {
-        ASSERT_EQ(runList(clinic.workstation, log, clinicRequest(log), page, {}), ListOutcome::ready);
+        ASSERT_EQ(runList(clinic.workstation, log, clinicRequest(log), page, quiet), ListOutcome::ready);
         int fitted = 0;
         for (const qcTextItem& item : page.TextItem())
             fitted += item.Text().contains(u"<SIZE=7>123456788/1: TAJ"_s) ||
@@ -367,7 +375,7 @@ TEST_F(ListsTest, EveryLetterOfAListWithEmptyValuesIsOnPaper) {
     static const QRegularExpression blanks(u"\\s"_s), tags(u"<[^>]*>"_s);
     for (int number = 1; number <= 8; ++number) {
         const auto list = static_cast<StatisticsList>(number);
-        ASSERT_EQ(runList(clinic.workstation, list, clinicRequest(list), page, {}), ListOutcome::ready);
+        ASSERT_EQ(runList(clinic.workstation, list, clinicRequest(list), page, quiet), ListOutcome::ready);
         page.setSetFooter(2, false);
         page.setSetFooter(3, false);
         for (const float margin : {10.0F, 60.0F, 110.0F, 160.0F, 210.0F, 240.0F}) {

@@ -64,7 +64,7 @@ int play(Application& application, const QDir& folder) {
     QDir::setCurrent(home);
     stage.say(u"Új programmappa mintaadatokkal: "_s + home);
 
-    BoxDialogue dialogue;
+    BoxDialogue dialogue(0); // no clerk: each key is pressed for the box in sight
     application.showFaultsIn(dialogue);
     const FixedClock clock(QDateTime(QDate(2008, 4, 3), QTime(14, 5)));
     ArjPacker packer;

@@ -1,5 +1,6 @@
 #include "foundation/forms/frmAbout.h"
 
+#include "foundation/forms/form_parts.h"
 #include "platform/machine_info.h"
 
 #include <QHBoxLayout>
@@ -17,30 +18,23 @@ frmAbout::frmAbout(Workstation& station, QWidget* opener) : WorkForm(station, op
     setObjectName(u"frmAbout"_s);
     setWindowTitle(u"Névjegy"_s);
 
-    auto* name = new QLabel(u"Vandrel Járóbeteg program"_s);
+    auto* name = new QLabel(programTitle);
     QFont large = name->font();
     large.setPointSizeF(large.pointSizeF() * 1.6);
     large.setBold(true);
     name->setFont(large);
-    auto* version = new QLabel(u"v2.25"_s);
-    version->setObjectName(u"verzio"_s);
+    auto* version = new ValueLabel(u"verzio"_s, u"Verzió"_s);
+    version->setText(programVersion());
     auto* purpose = new QLabel(u"Járóbeteg-ellátás adatlapjai és havi jelentései"_s);
 
-    m_machine = new QPlainTextEdit;
-    m_machine->setObjectName(u"rendszerinformacio"_s);
-    m_machine->setAccessibleName(u"Rendszerinformáció"_s);
+    m_machine = named(new QPlainTextEdit, u"rendszerinformacio"_s, u"Rendszerinformáció"_s);
     m_machine->setReadOnly(true);
     m_machine->setTabChangesFocus(true);
     m_machine->setMinimumSize(560, 230);
     m_machine->hide();
 
-    auto* info = new QPushButton(u"&Rendszerinformáció"_s);
-    info->setObjectName(u"cmdSysInfo"_s);
-    info->setAccessibleName(u"Rendszerinformáció"_s);
-    info->setMinimumWidth(180);
-    auto* good = new QPushButton(u"Rendben"_s);
-    good->setObjectName(u"cmdOK"_s);
-    good->setAccessibleName(good->text());
+    auto* info = makeButton(u"cmdSysInfo"_s, u"&Rendszerinformáció"_s, 180);
+    auto* good = makeButton(u"cmdOK"_s, u"Rendben"_s);
     connect(info, &QPushButton::clicked, this, &frmAbout::showMachine);
     connect(good, &QPushButton::clicked, this, &frmAbout::close);
 
@@ -69,16 +63,6 @@ void frmAbout::showMachine() {
     m_machine->show();
     layout()->activate();
     resize(sizeHint()); // adjustSize() would stop at two thirds of a small screen
-}
-
-void frmAbout::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
-             qobject_cast<QPushButton*>(focusWidget()) != nullptr)
-        static_cast<QPushButton*>(focusWidget())->click();
-    else
-        WorkForm::keyPressEvent(event);
 }
 
 } // namespace vandrel

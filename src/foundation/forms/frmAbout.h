@@ -13,9 +13,6 @@ class frmAbout : public WorkForm {
   public:
     frmAbout(Workstation& station, QWidget* opener);
 
-  protected:
-    void keyPressEvent(QKeyEvent* event) override; // Esc closes
-
   private:
     void showMachine();
 

@@ -1,5 +1,6 @@
 #include "foundation/forms/nemform.h"
 
+#include "foundation/forms/form_parts.h"
 #include "foundation/forms/window_helpers.h"
 #include "foundation/forms/work_form.h"
 
@@ -34,17 +35,13 @@ nemform::nemform() : QWidget(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::Cus
     setWindowTitle(u"Figyelmeztetés"_s);
     setWindowModality(Qt::ApplicationModal);
 
-    m_text = new QLabel;
-    m_text->setObjectName(u"szoveg"_s);
-    m_text->setTextFormat(Qt::PlainText);
+    m_text = new ValueLabel(u"szoveg"_s, u"Figyelmeztetés"_s);
     m_text->setWordWrap(true);
     m_text->setAlignment(Qt::AlignCenter);
     m_text->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     m_text->setMargin(14);
     m_text->setMinimumSize(460, 80);
-    m_button = new QPushButton(u"OK"_s);
-    m_button->setObjectName(u"OK"_s);
-    m_button->setAccessibleName(m_button->text());
+    m_button = makeButton(u"OK"_s, u"OK"_s);
     connect(m_button, &QPushButton::clicked, this, &nemform::close);
 
     auto* column = new QVBoxLayout(this);
@@ -64,7 +61,7 @@ void nemform::showNote(const QString& text, bool buttonEnabled) {
 }
 
 void nemform::showFor(QWidget* caller, const QString& text, bool buttonEnabled) {
-    m_text->setText(text.isEmpty() ? u"A kódszótár nem módosítható!"_s : text);
+    m_text->setText(text);
     m_button->setEnabled(buttonEnabled);
     if (m_caller != caller && m_caller != nullptr) m_caller->setEnabled(true);
     m_caller = caller;

@@ -7,10 +7,11 @@
 #include <QPointer>
 #include <QWidget>
 
-class QLabel;
 class QPushButton;
 
 namespace vandrel {
+
+class ValueLabel;
 
 class nemform : public QWidget, public StatusNote {
     Q_OBJECT
@@ -21,8 +22,8 @@ class nemform : public QWidget, public StatusNote {
     // Shows the note over the window that is in front, or changes the one that is shown. With the button off
     // the note cannot be closed by any means.
     void showNote(const QString& text, bool buttonEnabled) override;
-    // The same with the calling form named. An empty text shows "A kódszótár nem módosítható!".
-    void showFor(QWidget* caller, const QString& text = {}, bool buttonEnabled = true);
+    // The same with the calling form named.
+    void showFor(QWidget* caller, const QString& text, bool buttonEnabled = true);
 
   Q_SIGNALS:
     void closed();
@@ -32,7 +33,7 @@ class nemform : public QWidget, public StatusNote {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    QLabel* m_text;
+    ValueLabel* m_text;
     QPushButton* m_button;
     QPointer<QWidget> m_caller;
 };

@@ -1,6 +1,7 @@
 #include "foundation/forms/openform.h"
 
 #include "foundation/forms/field_chain.h"
+#include "foundation/forms/form_parts.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -50,20 +51,12 @@ openform::openform(Workstation& station, QWidget* opener, const QString& fajta, 
     setObjectName(u"openform"_s);
     setWindowTitle(u"Megnyitás"_s);
 
-    const auto name = [](QWidget* widget, const QString& objectName, const QString& accessible) {
-        widget->setObjectName(objectName);
-        widget->setAccessibleName(accessible);
-    };
-    name(m_drives, u"Meghajtok"_s, u"Meghajtó"_s);
-    name(m_folders, u"Mappak"_s, u"Mappa"_s);
-    name(m_files, u"Fajlok"_s, u"Fájlok"_s);
-    name(m_path, u"Utvonal"_s, u"Választott elérési út:"_s);
-    auto* take = new QPushButton(u"Megnyit"_s);
-    name(take, u"Megnyit"_s, take->text());
-    take->setAutoDefault(true);
-    auto* leave = new QPushButton(u"Mégse"_s);
-    name(leave, u"Megse"_s, leave->text());
-    leave->setAutoDefault(true);
+    named(m_drives, u"Meghajtok"_s, u"Meghajtó"_s);
+    named(m_folders, u"Mappak"_s, u"Mappa"_s);
+    named(m_files, u"Fajlok"_s, u"Fájlok"_s);
+    named(m_path, u"Utvonal"_s, u"Választott elérési út:"_s);
+    auto* take = makeButton(u"Megnyit"_s, u"Megnyit"_s);
+    auto* leave = makeButton(u"Megse"_s, u"Mégse"_s);
     m_folders->setMinimumSize(300, 240);
     m_files->setMinimumSize(220, 240);
     m_files->setFocusPolicy(Qt::NoFocus); // shown for orientation, nothing is picked from it
@@ -75,26 +68,20 @@ openform::openform(Workstation& station, QWidget* opener, const QString& fajta, 
     auto* grid = new QGridLayout;
     grid->setSpacing(8);
     const auto column = [&](const QString& caption, QWidget* widget, int at) {
-        auto* label = new QLabel(caption);
-        label->setBuddy(widget);
-        grid->addWidget(label, 0, at);
+        grid->addWidget(makeLabel(caption, widget), 0, at);
     };
     column(u"&Meghajtó:"_s, m_drives, 0);
     column(u"&Fájlok:"_s, m_files, 1);
     grid->addWidget(m_drives, 1, 0);
-    auto* foldersLabel = new QLabel(u"Ma&ppa:"_s);
-    foldersLabel->setBuddy(m_folders);
-    grid->addWidget(foldersLabel, 2, 0);
+    grid->addWidget(makeLabel(u"Ma&ppa:"_s, m_folders), 2, 0);
     grid->addWidget(m_folders, 3, 0);
     grid->addWidget(m_files, 1, 1, 3, 1);
     grid->setColumnStretch(0, 3);
     grid->setColumnStretch(1, 2);
     grid->setRowStretch(3, 1);
 
-    auto* pathLabel = new QLabel(u"Választott elérési út:"_s);
-    pathLabel->setBuddy(m_path);
     auto* pathRow = new QHBoxLayout;
-    pathRow->addWidget(pathLabel);
+    pathRow->addWidget(makeLabel(u"Választott elérési út:"_s, m_path));
     pathRow->addWidget(m_path, 1);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -130,6 +117,10 @@ openform::openform(Workstation& station, QWidget* opener, const QString& fajta, 
     const QString start = QString::fromLatin1(kindOf(m_fajta).startIn);
     goTo(!start.isEmpty() && QFileInfo(start).isDir() ? start : station.folder);
     m_folders->setFocus();
+}
+
+bool openform::picksReportTarget(const QString& fajta) {
+    return kindOf(fajta).target;
 }
 
 void openform::goTo(const QString& folder) {
@@ -198,13 +189,6 @@ bool openform::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return WorkForm::eventFilter(watched, event);
-}
-
-void openform::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else
-        WorkForm::keyPressEvent(event);
 }
 
 } // namespace vandrel

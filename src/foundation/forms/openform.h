@@ -25,8 +25,8 @@ class openform : public WorkForm {
     // "Mégse".
     openform(Workstation& station, QWidget* opener, const QString& fajta, Chosen chosen);
 
-  protected:
-    void keyPressEvent(QKeyEvent* event) override; // Esc is "Mégse"
+    // Whether a fajta picks a report target.
+    static bool picksReportTarget(const QString& fajta);
 
   private:
     bool eventFilter(QObject* watched, QEvent* event) override; // Enter and Backspace in the folder list

@@ -1,5 +1,6 @@
 #include "foundation/forms/tetindul.h"
 
+#include "foundation/forms/form_parts.h"
 #include "foundation/forms/main_picture.h"
 #include "foundation/forms/window_helpers.h"
 #include "foundation/forms/work_form.h"
@@ -58,8 +59,7 @@ QString withoutAccess(const QString& caption) {
 
 QLineEdit* clockBox(const QString& name, const QString& label, int characters, QObject* filter) {
     auto* box = new QLineEdit;
-    box->setObjectName(name);
-    box->setAccessibleName(label);
+    named(box, name, label);
     box->setReadOnly(true);
     box->setAlignment(Qt::AlignCenter);
     box->setFixedWidth(box->fontMetrics().averageCharWidth() * (characters + 4));
@@ -186,7 +186,7 @@ void tetindul::setOpener(const QString& menuName, std::function<void()> opener) 
 void tetindul::load() {
     resize(windowSize);
     centreOnScreen(*this);
-    setWindowTitle(u"Vandrel Járóbeteg program v2.25"_s);
+    setWindowTitle(programTitle + ' '_L1 + programVersion());
     m_oldFormat = !VerzioEllenorzesek(m_station);
     refreshStates();
 }
@@ -343,6 +343,10 @@ void tetindul::showClock() {
     const QDateTime now = m_station.clock.now();
     m_date->setText(format::shortDate(now.date()));
     m_time->setText(format::shortTime(now.time()));
+}
+
+void tetindul::keyPressEvent(QKeyEvent* event) {
+    if (!pressFocusedButton(*this, *event)) QMainWindow::keyPressEvent(event);
 }
 
 bool tetindul::eventFilter(QObject* watched, QEvent* event) {

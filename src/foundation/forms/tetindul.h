@@ -50,6 +50,7 @@ class tetindul : public QMainWindow {
   protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override; // Enter presses a toolbar button or link
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:

@@ -7,13 +7,16 @@
 #include <QStyleFactory>
 #include <QWidget>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vandrel {
 
 namespace {
 constexpr double seeThroughOpacity = 150.0 / 255.0;
-}
+constexpr QSize usualFrame(8, 34); // both borders; title bar and lower border
+} // namespace
 
 bool applySeeThrough(QWidget& window, bool seeThrough) {
     // The other platforms take the call, do nothing and complain on the console.
@@ -25,10 +28,20 @@ bool applySeeThrough(QWidget& window, bool seeThrough) {
 }
 
 void centreOnScreen(QWidget& window) {
+    if (window.isMaximized() || window.isFullScreen()) return; // moving it would end that
     const QScreen* screen = window.screen() != nullptr ? window.screen() : QApplication::primaryScreen();
     if (screen == nullptr) return;
     const QRect area = screen->availableGeometry();
-    window.move(area.center() - window.rect().center());
+    // The window system tells the frame late; until then a usual one is allowed for.
+    QSize frame = window.frameGeometry().size() - window.size();
+    if (frame.height() <= 0) frame = usualFrame;
+    const QSize room = area.size() - frame;
+    if (window.width() > room.width() || window.height() > room.height())
+        window.resize(window.size().boundedTo(room));
+    const QSize outer = window.size() + frame;
+    // A window that cannot be so small keeps its title and its beginning in sight.
+    window.move(area.left() + std::max(0, (area.width() - outer.width()) / 2),
+                area.top() + std::max(0, (area.height() - outer.height()) / 2));
 }
 
 void prepareApplication(QApplication& application) {

@@ -1,4 +1,4 @@
-// Small things that every window does: see-through, standing in the middle of the screen, fonts and style.
+// What every window needs from the window system and the style: see-through, its place on the screen, fonts.
 #pragma once
 
 class QApplication;
@@ -9,8 +9,10 @@ namespace vandrel {
 // Constant opacity of the forms opened from the menu (150 of 255), or solid. False when see-through was asked
 // for and this machine's windows cannot do it; the window is solid then.
 bool applySeeThrough(QWidget& window, bool seeThrough);
+// To the middle of the screen's available area, with its frame inside it: a window that is too large for it
+// becomes smaller, as far as its layout lets it. A maximised window stays as it is.
 void centreOnScreen(QWidget& window);
-// Style, Hungarian locale of calendars, readable disabled fields; once at start, for the program and its
+// Style, fonts and Hungarian names of days and months in calendars; once at start, for the program and its
 // tests.
 void prepareApplication(QApplication& application);
 

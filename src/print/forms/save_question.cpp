@@ -90,7 +90,7 @@ std::optional<SaveAnswer> askTarget(QWidget* parent, Dialogue& dialogue, const A
     answer->path = withEnding(answer->path, question.endings[answer->filter]);
     const QFileInfo file(answer->path);
     if (file.exists() && !dialogue.ask(u"A(z) \"%1\" fájl már létezik. Felülírja?"_s.arg(file.fileName()),
-                                       question.title, Icon::warning))
+                                       question.title, Icon::warning, Asking::loss))
         return std::nullopt;
     folder = file.absolutePath();
     return answer;

@@ -1,15 +1,13 @@
 #include "reports/forms/flujForm.h"
 
 #include "foundation/forms/field_chain.h"
+#include "foundation/forms/form_parts.h"
 #include "foundation/forms/masked_field.h"
+#include "foundation/forms/progress_line.h"
 #include "reports/write_back.h"
 
-#include <QCloseEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -20,13 +18,8 @@ namespace vandrel {
 
 namespace {
 
-constexpr int barSteps = 1000;
-
 QRadioButton* option(const QString& text) {
-    auto* result = new QRadioButton(text);
-    result->setObjectName(QString(text).replace(u"í"_s, u"i"_s).replace(u"ő"_s, u"o"_s));
-    result->setAccessibleName(text);
-    return result;
+    return named(new QRadioButton(text), QString(text).replace(u"í"_s, u"i"_s).replace(u"ő"_s, u"o"_s), text);
 }
 
 } // namespace
@@ -37,18 +30,14 @@ flujForm::flujForm(Workstation& station, QWidget* opener) : WorkForm(station, op
 
     const QString period = u"Időszak (éééé.hh): "_s;
     const auto field = [&](const QString& name, const QString& end) {
-        auto* result = new MaskedField(MaskedField::Mask::period);
-        result->setObjectName(name);
-        result->setAccessibleName(period + end);
+        auto* result = named(new MaskedField(MaskedField::Mask::period), name, period + end);
         result->setFixedWidth(result->fontMetrics().horizontalAdvance(u"0000.00"_s) + 26);
         return result;
     };
     m_from = field(u"IdoszakTol"_s, u"-tól"_s);
     m_to = field(u"IdoszakIg"_s, u"-ig"_s);
-    auto* label = new QLabel(period);
-    label->setBuddy(m_from);
     auto* periodRow = new QHBoxLayout;
-    periodRow->addWidget(label);
+    periodRow->addWidget(makeLabel(period, m_from));
     periodRow->addWidget(m_from);
     periodRow->addWidget(new QLabel(u"-"_s));
     periodRow->addWidget(m_to);
@@ -63,23 +52,9 @@ flujForm::flujForm(Workstation& station, QWidget* opener) : WorkForm(station, op
     for (QRadioButton* choice : {m_original, m_corrected, m_both})
         optionRow->addWidget(choice);
 
-    m_start = new QPushButton(u"Visszaállítás"_s);
-    m_start->setObjectName(u"Visszaallitas"_s);
-    m_start->setAccessibleName(m_start->text());
-    m_start->setMinimumWidth(m_start->fontMetrics().horizontalAdvance(m_start->text()) + 40);
-    m_bar = new QProgressBar;
-    m_bar->setObjectName(u"Folyamat"_s);
-    m_bar->setAccessibleName(u"A visszaírás állása"_s);
-    m_bar->setRange(0, barSteps);
-    m_bar->setValue(0);
-    m_bar->setTextVisible(false);
-    m_count = new QLabel;
-    m_count->setObjectName(u"Darab"_s);
-    m_count->setAccessibleName(u"Visszaírt adatlapok"_s);
-    m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(u"0000000 / 0000000"_s));
-    auto* barRow = new QHBoxLayout;
-    barRow->addWidget(m_bar, 1);
-    barRow->addWidget(m_count);
+    const QString start = u"Visszaállítás"_s;
+    m_start = makeButton(u"Visszaallitas"_s, start, fontMetrics().horizontalAdvance(start) + 40);
+    m_line = new ProgressLine(*this, ProgressLine::Figure::count, u"Darab"_s, u"Visszaírt adatlapok"_s);
     auto* buttonRow = new QHBoxLayout;
     buttonRow->addStretch();
     buttonRow->addWidget(m_start);
@@ -89,7 +64,7 @@ flujForm::flujForm(Workstation& station, QWidget* opener) : WorkForm(station, op
     column->setSpacing(12);
     column->addLayout(periodRow);
     column->addWidget(options);
-    column->addLayout(barRow);
+    column->addWidget(m_line);
     column->addLayout(buttonRow);
     setMinimumWidth(460);
 
@@ -118,42 +93,25 @@ flujForm::flujForm(Workstation& station, QWidget* opener) : WorkForm(station, op
 }
 
 void flujForm::writeBack() {
-    if (m_running) return;
-    m_running = true;
-    m_start->setEnabled(false);
-    m_bar->setValue(0);
-    m_count->clear();
     const WriteBack option = m_original->isChecked()    ? WriteBack::original
                              : m_corrected->isChecked() ? WriteBack::corrected
                                                         : WriteBack::both;
-    const WriteBackOutcome outcome = writeBackMarks(
-        station(), m_from->value(), m_to->value(), option, [this](qint64 position, qint64 total) {
-            m_bar->setValue(static_cast<int>(position * barSteps / total));
-            m_count->setText(u"%1 / %2"_s.arg(position).arg(total));
-        });
-    m_running = false;
-    m_start->setEnabled(true);
+    WriteBackOutcome outcome;
+    {
+        const Run guard(*this);
+        if (!guard) return;
+        m_start->setEnabled(false);
+        m_line->clear();
+        outcome = writeBackMarks(station(), m_from->value(), m_to->value(), option,
+                                 [this](qint64 position, qint64 total) { m_line->moved(position, total); });
+        m_start->setEnabled(true);
+    }
     if (outcome.field == "from"_L1)
         SelectAll(m_from);
     else if (outcome.field == "to"_L1)
         SelectAll(m_to);
     else
         m_start->setFocus();
-}
-
-void flujForm::closeEvent(QCloseEvent* event) {
-    if (m_running || !isEnabled()) {
-        event->ignore();
-        return;
-    }
-    WorkForm::closeEvent(event);
-}
-
-void flujForm::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else
-        WorkForm::keyPressEvent(event);
 }
 
 } // namespace vandrel

@@ -3,14 +3,13 @@
 
 #include "foundation/forms/work_form.h"
 
-class QLabel;
-class QProgressBar;
 class QPushButton;
 class QRadioButton;
 
 namespace vandrel {
 
 class MaskedField;
+class ProgressLine;
 
 class flujForm : public WorkForm {
     Q_OBJECT
@@ -18,19 +17,13 @@ class flujForm : public WorkForm {
   public:
     flujForm(Workstation& station, QWidget* opener);
 
-  protected:
-    void closeEvent(QCloseEvent* event) override;  // not while the marks are being cleared
-    void keyPressEvent(QKeyEvent* event) override; // Esc closes
-
   private:
     void writeBack();
 
     MaskedField *m_from, *m_to;
     QRadioButton *m_original, *m_corrected, *m_both;
     QPushButton* m_start;
-    QProgressBar* m_bar;
-    QLabel* m_count;
-    bool m_running = false;
+    ProgressLine* m_line;
 };
 
 } // namespace vandrel

@@ -3,39 +3,37 @@
 #pragma once
 
 #include "foundation/forms/work_form.h"
+#include "foundation/menu_map.h"
 #include "reports/report_run.h"
-#include "reports/report_target.h"
 
-class QLabel;
-class QProgressBar;
 class QPushButton;
 
 namespace vandrel {
 
 class FieldChain;
 class MaskedField;
+class PathPanel;
+class ProgressLine;
+class ValueLabel;
 
 class levForm : public WorkForm, private ReportProgress {
     Q_OBJECT
 
   public:
-    // mode "0" original, "1" corrected, "E" EU report. Faults of the data files pass through.
-    levForm(Workstation& station, QWidget* opener, const QString& mode);
+    // The entry's code is the mode: "0" original, "1" corrected, "E" EU report. Faults of the data files pass
+    // through.
+    levForm(Workstation& station, QWidget* opener, const MenuEntry& entry);
 
   protected:
-    // Not during a run: a report that stops half way would leave sheets marked and unreported. While a locked
-    // file is being waited for, the wish to close ends the run. Not while another window stands before it.
-    void closeEvent(QCloseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override; // Esc closes
+    // A report that stops half way would leave sheets marked and unreported: the run goes on. While a locked
+    // file is being waited for, the wish ends it.
+    void closeWished() override;
 
   private:
     void run();
-    void chooseTarget();
-    void targetChosen(const VolumeTexts& texts);
     void setButtonsEnabled(bool enabled);
 
     QWidget* makePeriodPanel();
-    QWidget* makeTargetPanel();
     QWidget* makeProgressPanel();
 
     void started() override;
@@ -44,18 +42,15 @@ class levForm : public WorkForm, private ReportProgress {
     void outputRecords(qint64 records) override;
     void procedures(qint64 positions) override;
     void moved(const QString& stage, qint64 position, qint64 total) override;
-    bool givesUpWaiting() override { return m_closeWished; }
+    bool givesUpWaiting() override { return takeStopWish(); }
 
     const QString m_mode;
     FieldChain* m_chain;
     MaskedField *m_from, *m_to, *m_settlement;
-    QPushButton *m_run, *m_choose;
-    QLabel *m_target, *m_drive, *m_total, *m_free;
-    QLabel *m_allSheets, *m_periodSheets, *m_records, *m_procedures;
-    QLabel *m_stage, *m_percent, *m_selected, *m_hint;
-    QProgressBar* m_bar;
-    bool m_running = false;
-    bool m_closeWished = false;
+    QPushButton* m_run;
+    PathPanel* m_target;
+    ValueLabel *m_allSheets, *m_periodSheets, *m_records, *m_procedures, *m_selected, *m_hint;
+    ProgressLine* m_line;
 };
 
 } // namespace vandrel

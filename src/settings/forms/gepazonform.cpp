@@ -1,12 +1,11 @@
 #include "settings/forms/gepazonform.h"
 
 #include "foundation/forms/field_chain.h"
+#include "foundation/forms/form_parts.h"
 #include "foundation/look_ups.h"
 #include "settings/institution.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -20,25 +19,18 @@ gepazonform::gepazonform(Workstation& station, QWidget* opener)
     setObjectName(u"gepazonform"_s);
     setWindowTitle(u"Gépazonosító"_s);
 
-    m_label->setObjectName(u"Gepazon"_s);
-    m_label->setAccessibleName(u"Gépazonosító"_s);
+    named(m_label, u"Gepazon"_s, u"Gépazonosító"_s);
     m_label->setMaxLength(3);
     m_label->setFixedWidth(m_label->fontMetrics().averageCharWidth() * 10);
     m_label->setText(workstationLabel(station));
-    auto* caption = new QLabel(u"Gépazonosító"_s);
-    caption->setBuddy(m_label);
 
-    auto* keep = new QPushButton(u"&Tárol"_s);
-    keep->setObjectName(u"Tarol"_s);
-    keep->setAccessibleName(u"Tárol"_s);
+    auto* keep = makeButton(u"Tarol"_s, u"&Tárol"_s);
     connect(keep, &QPushButton::clicked, this, &gepazonform::store);
-    auto* leave = new QPushButton(u"&Mégse"_s);
-    leave->setObjectName(u"Megse"_s);
-    leave->setAccessibleName(u"Mégse"_s);
+    auto* leave = makeButton(u"Kilepes"_s, u"&Kilépés"_s);
     connect(leave, &QPushButton::clicked, this, &gepazonform::close);
 
     auto* row = new QHBoxLayout;
-    row->addWidget(caption);
+    row->addWidget(makeLabel(u"Gépazonosító"_s, m_label));
     row->addWidget(m_label);
     row->addStretch();
     auto* buttons = new QHBoxLayout;
@@ -65,13 +57,6 @@ void gepazonform::store() {
         return;
     }
     close();
-}
-
-void gepazonform::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else
-        WorkForm::keyPressEvent(event);
 }
 
 } // namespace vandrel

@@ -14,9 +14,6 @@ class gepazonform : public WorkForm {
     // Faults of the data file pass through.
     gepazonform(Workstation& station, QWidget* opener);
 
-  protected:
-    void keyPressEvent(QKeyEvent* event) override; // Esc closes
-
   private:
     void store();
 

@@ -1,14 +1,13 @@
 #include "settings/forms/intad.h"
 
 #include "foundation/forms/field_chain.h"
+#include "foundation/forms/form_parts.h"
 #include "foundation/forms/masked_field.h"
 #include "foundation/look_ups.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -39,13 +38,9 @@ intad::intad(Workstation& station, QWidget* opener)
     column->addWidget(buildIdentity());
     column->addWidget(buildLogin());
 
-    auto* keep = new QPushButton(u"&Tárol"_s);
-    keep->setObjectName(u"Tarol"_s);
-    keep->setAccessibleName(u"Tárol"_s);
+    auto* keep = makeButton(u"Tarol"_s, u"&Tárol"_s);
     connect(keep, &QPushButton::clicked, this, &intad::store);
-    auto* leave = new QPushButton(u"&Kilépés"_s);
-    leave->setObjectName(u"Kilepes"_s);
-    leave->setAccessibleName(u"Kilépés"_s);
+    auto* leave = makeButton(u"Kilepes"_s, u"&Kilépés"_s);
     connect(leave, &QPushButton::clicked, this, &intad::close);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -53,9 +48,7 @@ intad::intad(Workstation& station, QWidget* opener)
     buttons->addWidget(leave);
     column->addLayout(buttons);
 
-    m_status = new QLabel;
-    m_status->setObjectName(u"statusz"_s);
-    m_status->setTextFormat(Qt::PlainText);
+    m_status = new ValueLabel(u"statusz"_s, u"Állapot"_s);
     m_status->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     m_status->setMinimumHeight(m_status->fontMetrics().height() + 8);
     column->addWidget(m_status);
@@ -73,8 +66,7 @@ intad::intad(Workstation& station, QWidget* opener)
 
 QLineEdit* intad::addField(QLineEdit* edit, QString InstitutionFields::*member, const QString& name,
                            const QString& label, int characters) {
-    edit->setObjectName(name);
-    edit->setAccessibleName(label);
+    named(edit, name, label);
     edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * (characters + 4));
     if (characters < nameWidth)
         edit->setMaximumWidth(edit->fontMetrics().averageCharWidth() * (characters + 8));
@@ -169,23 +161,22 @@ InstitutionFields intad::fields() const {
 void intad::store() {
     m_status->clear();
     const InstitutionFields typed = fields();
-    const InstitutionFault fault = checkInstitutionFields(typed);
-    if (!fault.field.isEmpty()) {
-        m_status->setText(fault.status);
-        if (!fault.box.isEmpty()) station().dialogue.tell(fault.box, u"Hiba"_s);
-        SelectAll(findChild<QLineEdit*>(fault.field));
+    if (const auto failure = checkInstitutionFields(typed)) {
+        if (failure->title.isEmpty())
+            m_status->setText(failure->message);
+        else
+            tell(station().dialogue, *failure);
+        SelectAll(findChild<QLineEdit*>(failure->field));
         return;
     }
     storeInstitution(station(), typed);
-    storeLogin(station(), typed);
     m_status->setText(u" Adatok tárolása megtörtént!"_s);
-}
-
-void intad::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else
-        WorkForm::keyPressEvent(event);
+    try {
+        storeLogin(station(), typed);
+    } catch (const Fault& fault) {
+        m_status->setText(u" Hiba: Az on-line bejelentkező adatok tárolása nem sikerült!"_s);
+        station().dialogue.tell(fault.text(), u"Hiba"_s);
+    }
 }
 
 } // namespace vandrel

@@ -4,13 +4,13 @@
 #include "foundation/forms/work_form.h"
 #include "settings/institution.h"
 
-class QLabel;
 class QLineEdit;
 
 namespace vandrel {
 
 class FieldChain;
 class MaskedField;
+class ValueLabel;
 
 class intad : public WorkForm {
     Q_OBJECT
@@ -18,9 +18,6 @@ class intad : public WorkForm {
   public:
     // Faults of the data file pass through.
     intad(Workstation& station, QWidget* opener);
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override; // Esc closes
 
   private:
     struct Field {
@@ -38,7 +35,7 @@ class intad : public WorkForm {
 
     FieldChain* m_chain;
     std::vector<Field> m_fields; // in the order of the screen
-    QLabel* m_status = nullptr;
+    ValueLabel* m_status = nullptr;
 };
 
 } // namespace vandrel

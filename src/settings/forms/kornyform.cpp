@@ -1,12 +1,11 @@
 #include "settings/forms/kornyform.h"
 
+#include "foundation/forms/form_parts.h"
 #include "platform/format.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -16,10 +15,9 @@ namespace vandrel {
 
 namespace {
 
-QLabel* valueLabel(const QString& name, const QString& label, const QString& value) {
-    auto* result = new QLabel(value);
-    result->setObjectName(name);
-    result->setAccessibleName(label + ' '_L1 + value);
+ValueLabel* shown(const QString& name, const QString& caption, const QString& value) {
+    auto* result = new ValueLabel(name, caption);
+    result->setText(value);
     QFont bold = result->font();
     bold.setBold(true);
     result->setFont(bold);
@@ -37,13 +35,11 @@ kornyform::kornyform(Workstation& station, QWidget* opener) : WorkForm(station, 
     auto* form = new QFormLayout(box);
     form->setHorizontalSpacing(16);
     const QString dateLabel = u"Dátum:"_s;
-    form->addRow(dateLabel, valueLabel(u"datum"_s, dateLabel, format::shortDate(now.date())));
+    form->addRow(dateLabel, shown(u"datum"_s, dateLabel, format::shortDate(now.date())));
     const QString timeLabel = u"Idő:"_s;
-    form->addRow(timeLabel, valueLabel(u"ido"_s, timeLabel, format::longTime(now.time())));
+    form->addRow(timeLabel, shown(u"ido"_s, timeLabel, format::longTime(now.time())));
 
-    auto* good = new QPushButton(u"Rendben"_s);
-    good->setObjectName(u"OK"_s);
-    good->setAccessibleName(good->text());
+    auto* good = makeButton(u"OK"_s, u"Rendben"_s);
     connect(good, &QPushButton::clicked, this, &kornyform::close);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -55,14 +51,6 @@ kornyform::kornyform(Workstation& station, QWidget* opener) : WorkForm(station, 
     column->addLayout(buttons);
     setMinimumWidth(300);
     good->setFocus();
-}
-
-void kornyform::keyPressEvent(QKeyEvent* event) {
-    const int key = event->key();
-    if (key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter)
-        close();
-    else
-        WorkForm::keyPressEvent(event);
 }
 
 } // namespace vandrel

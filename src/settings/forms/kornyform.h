@@ -10,9 +10,6 @@ class kornyform : public WorkForm {
 
   public:
     kornyform(Workstation& station, QWidget* opener);
-
-  protected:
-    void keyPressEvent(QKeyEvent* event) override; // Esc and Enter close
 };
 
 } // namespace vandrel

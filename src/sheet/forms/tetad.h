@@ -58,6 +58,7 @@ class tetad : public WorkForm {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    bool escapeCloses() const override { return false; } // a typed sheet is not lost by one key
 
   private:
     void layOut();

@@ -1,46 +1,27 @@
 #include "statistics/forms/statisztForm.h"
 
+#include "foundation/forms/form_parts.h"
+#include "foundation/forms/progress_line.h"
 #include "statistics/forms/individual_panel.h"
 #include "statistics/forms/monthly_panel.h"
 #include "statistics/forms/traffic_log_panel.h"
 #include "statistics/list_runner.h"
 
-#include <QCloseEvent>
-#include <QGridLayout>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace vandrel {
 
-namespace {
-
-constexpr int barSteps = 1000;
-
-QLabel* plainLabel(const QString& name, const QString& accessible) {
-    auto* label = new QLabel;
-    label->setObjectName(name);
-    label->setAccessibleName(accessible);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
-} // namespace
-
 statisztForm::statisztForm(Workstation& station, QWidget* opener, const MenuEntry& entry)
     : WorkForm(station, opener), m_list(static_cast<StatisticsList>(menuText(entry.code).toInt())),
       m_document(*station.printing) {
     setObjectName(u"statisztForm"_s);
-    setWindowTitle(textOr(entry.windowTitle, u"Statisztikák készítése"_s));
+    setWindowTitle(windowTitleFor(entry, u"Statisztikák készítése"_s));
     m_document.setAppName(menuText(entry.title).trimmed());
 
-    auto* title = plainLabel(u"PanelCim"_s, u"A lista neve"_s);
+    auto* title = new ValueLabel(u"PanelCim"_s, u"A lista neve"_s);
     title->setText(menuText(entry.title));
     QFont font = title->font();
     font.setBold(true);
@@ -55,7 +36,12 @@ statisztForm::statisztForm(Workstation& station, QWidget* opener, const MenuEntr
     column->setSpacing(12);
     column->addWidget(title);
     column->addWidget(m_panel, 1);
-    column->addWidget(makeProgress());
+    m_line =
+        new ProgressLine(*this, ProgressLine::Figure::count, u"Adatlapok"_s, u"Feldolgozott adatlapok"_s);
+    m_line->setMinimumWidth(600);
+    column->addWidget(m_line);
+    // While the screen closes nothing is checked any more.
+    connect(this, &WorkForm::closed, m_panel, &ListPanel::leave);
 }
 
 ListPanel* statisztForm::makePanel(const MenuEntry& entry) {
@@ -75,29 +61,6 @@ ListPanel* statisztForm::makePanel(const MenuEntry& entry) {
     return new IndividualPanel(station(), m_list, entry);
 }
 
-QWidget* statisztForm::makeProgress() {
-    auto* line = new QWidget;
-    auto* grid = new QGridLayout(line);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setVerticalSpacing(4);
-    m_status = plainLabel(u"Allapot"_s, u"Állapot"_s);
-    m_status->setMargin(2);
-    m_sheets = plainLabel(u"Adatlapok"_s, u"Feldolgozott adatlapok"_s);
-    m_sheets->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_bar = new QProgressBar;
-    m_bar->setObjectName(u"Folyamat"_s);
-    m_bar->setAccessibleName(u"A feldolgozás állása"_s);
-    m_bar->setRange(0, barSteps);
-    m_bar->setValue(0);
-    m_bar->setTextVisible(false);
-    m_bar->setMinimumWidth(600);
-    grid->addWidget(m_status, 0, 0);
-    grid->addWidget(m_sheets, 0, 1);
-    grid->addWidget(m_bar, 1, 0, 1, 2);
-    grid->setColumnStretch(0, 1);
-    return line;
-}
-
 void statisztForm::showEvent(QShowEvent* event) {
     WorkForm::showEvent(event);
     if (m_shown) return;
@@ -114,7 +77,7 @@ void statisztForm::showEvent(QShowEvent* event) {
 }
 
 void statisztForm::process() {
-    if (m_running || !m_panel->checkFocused()) return;
+    if (isRunning() || !m_panel->checkFocused()) return;
     const ListRequest request = m_panel->request();
     if (const auto complaint = checkRequest(m_list, request)) {
         m_panel->complain(*complaint);
@@ -128,70 +91,32 @@ void statisztForm::makeList(const ListRequest& request) {
     case ListOutcome::ready:
         break;
     case ListOutcome::stopped:
-        m_status->setText(u"A lista készítése megszakítva."_s);
+        m_line->stage(u"A lista készítése megszakítva."_s);
         return;
     case ListOutcome::noData:
     case ListOutcome::failed:
-        m_status->clear();
+        m_line->stage({});
         return;
     }
-    if (ending()) return; // nothing more is opened
+    if (programEnds()) return; // nothing more is opened
     m_document.setSaveName(listFileName(m_document.AppName(), m_list, request));
-    m_status->setText(list_status::makingPreview);
-    m_status->repaint(); // laying out a long list takes a moment
+    m_line->stage(list_status::makingPreview);
+    m_line->repaint(); // laying out a long list takes a moment
     m_document.Preview();
-    m_status->setText(list_status::ready);
+    m_line->stage(list_status::ready);
     activateWindow();
     SelectAll(m_panel->processButton());
 }
 
-// The main window was closed, which ends the program.
-bool statisztForm::ending() const {
-    return opener() != nullptr && !opener()->isVisible();
-}
-
 ListOutcome statisztForm::run(const ListRequest& request) {
-    ListProgress progress;
-    progress.status = [this](const QString& text) { m_status->setText(text); };
-    progress.sheetsDone = [this](qint64 done, qint64 all) {
-        m_sheets->setText(u"%1 / %2"_s.arg(done).arg(all));
-        m_bar->setValue(all > 0 ? static_cast<int>(done * barSteps / all) : barSteps);
-    };
-    progress.stopWanted = [this] { return std::exchange(m_stopWanted, false); };
-    progress.ending = [this] { return ending(); };
-    setRunning(true);
-    const ListOutcome outcome = runList(station(), m_list, request, m_document, progress);
-    setRunning(false);
+    const Run guard(*this);
+    m_line->clear();
+    setFocus(Qt::OtherFocusReason); // Esc comes here, and what is typed ahead goes nowhere
+    m_panel->setEnabled(false);
+    const ListOutcome outcome = runList(station(), m_list, request, m_document, *m_line);
+    m_panel->setEnabled(true);
     SelectAll(m_panel->processButton());
     return outcome;
-}
-
-void statisztForm::setRunning(bool running) {
-    m_running = running;
-    m_stopWanted = false;
-    if (running) {
-        m_sheets->clear();
-        m_bar->setValue(0);
-        setFocus(Qt::OtherFocusReason); // Esc comes here, and what is typed ahead goes nowhere
-    }
-    m_panel->setEnabled(!running);
-}
-
-void statisztForm::closeEvent(QCloseEvent* event) {
-    if (m_running) {
-        m_stopWanted = true;
-        event->ignore();
-        return;
-    }
-    m_panel->leave();
-    WorkForm::closeEvent(event);
-}
-
-void statisztForm::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else
-        WorkForm::keyPressEvent(event);
 }
 
 } // namespace vandrel

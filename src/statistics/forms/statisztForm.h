@@ -7,12 +7,10 @@
 #include "print/qc_printer.h"
 #include "statistics/list_request.h"
 
-class QLabel;
-class QProgressBar;
-
 namespace vandrel {
 
 class ListPanel;
+class ProgressLine;
 
 class statisztForm : public WorkForm {
     Q_OBJECT
@@ -24,27 +22,18 @@ class statisztForm : public WorkForm {
 
   protected:
     void showEvent(QShowEvent* event) override;
-    // Not during a run: that asks whether the list is to be broken off.
-    void closeEvent(QCloseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override; // Esc closes, or asks the same
 
   private:
     ListPanel* makePanel(const MenuEntry& entry);
-    QWidget* makeProgress();
     void process();
     void makeList(const ListRequest& request);
     ListOutcome run(const ListRequest& request);
-    bool ending() const;
-    void setRunning(bool running);
 
     const StatisticsList m_list;
     qcPrinter m_document;
     ListPanel* m_panel;
-    QLabel *m_status, *m_sheets;
-    QProgressBar* m_bar;
+    ProgressLine* m_line;
     bool m_shown = false;
-    bool m_running = false;
-    bool m_stopWanted = false;
 };
 
 } // namespace vandrel

@@ -155,6 +155,13 @@ TEST(MainWindow, EntriesWithoutOpenerAreDisabledWithTheirButtonsAndLinks) {
     QTest::mouseClick(shell.link("Verziókövetés"), Qt::LeftButton);
     QTest::keyClick(shell.link("Frissítés"), Qt::Key_Space);
     EXPECT_EQ(shell.opened, words(u"adfelv admod er jav nevj prfrissmenu"_s));
+    // Enter presses what has the focus.
+    shell.opened.clear();
+    for (QWidget* pressed : std::initializer_list<QWidget*>{shell.button(2), shell.link("Frissítés")}) {
+        pressed->setFocus();
+        QTest::keyClick(pressed, Qt::Key_Return);
+    }
+    EXPECT_EQ(shell.opened, words(u"admod prfrissmenu"_s));
 }
 
 TEST(MainWindow, KeysOpenMenusAndEntries) {
@@ -250,6 +257,7 @@ TEST(MainWindow, AnswerNoDisablesTheNamedMenusForThatActivation) {
 // With real boxes: the question's own box hands the window back, which must not ask again.
 TEST(MainWindow, RealBoxesDoNotStackOrRepeat) {
     struct Boxes : BoxDialogue {
+        Boxes() : BoxDialogue(0) {}
         Answer show(const Message& message) override {
             texts << message.text;
             QTimer::singleShot(0, [] {

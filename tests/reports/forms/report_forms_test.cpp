@@ -69,7 +69,7 @@ TEST_F(ReportForms, TheMonthsReportByKeyboard) {
     for (int key = 1; key <= 300; ++key)
         putSheet(test, key, {}, std::vector<LineData>(7, {"'11041'", "1"}));
     test.data().executeScript("commit");
-    levForm form(test.workstation, &opener, u"0"_s);
+    levForm form(test.workstation, &opener, *menuEntry("er"));
     show(form);
     EXPECT_EQ(form.windowTitle(), u"Havi jelentéskészítés - Eredeti"_s);
     EXPECT_EQ(shown(form, "OsszesInput MentesiUtKijelzo"), u"300|a:\\"_s);
@@ -159,7 +159,7 @@ TEST_F(ReportForms, TheMonthsReportByKeyboard) {
 TEST_F(ReportForms, TheStateLineNamesTheSheetThatBrokeTheReport) {
     putSheet(test, 1, {}, {{"'11041'", "1"}});
     putSheet(test, 2, {}, std::vector<LineData>(8, {"'11041'", "100"}));
-    levForm form(test.workstation, &opener, u"0"_s);
+    levForm form(test.workstation, &opener, *menuEntry("er"));
     test.workstation.reportTarget = test.path({}) + '/'_L1;
     show(form);
     test.dialogue.expect(u"Hiba történt az adatkiírás során!5"_s, u"Hiba mentés közben"_s);
@@ -170,7 +170,7 @@ TEST_F(ReportForms, TheStateLineNamesTheSheetThatBrokeTheReport) {
 }
 
 TEST_F(ReportForms, NoDataLetsTheUserTryAnotherPeriod) {
-    levForm form(test.workstation, &opener, u"0"_s);
+    levForm form(test.workstation, &opener, *menuEntry("er"));
     test.workstation.reportTarget = test.path({}) + '/'_L1;
     show(form);
     test.dialogue.expect(
@@ -186,7 +186,7 @@ TEST_F(ReportForms, NoDataLetsTheUserTryAnotherPeriod) {
 }
 
 TEST_F(ReportForms, ModesShowTheirOwnFields) {
-    levForm corrected(test.workstation, &opener, u"1"_s);
+    levForm corrected(test.workstation, &opener, *menuEntry("jav"));
     show(corrected);
     EXPECT_EQ(corrected.windowTitle(), u"Havi jelentéskészítés - Javítás"_s);
     EXPECT_EQ(part<QLineEdit>(corrected, "IdoszakTol")->displayText(), u"2008.02"_s);
@@ -198,7 +198,7 @@ TEST_F(ReportForms, ModesShowTheirOwnFields) {
     pressKey(Qt::Key_Escape);
     EXPECT_FALSE(corrected.isVisible());
 
-    levForm eu(test.workstation, &opener, u"E"_s);
+    levForm eu(test.workstation, &opener, *menuEntry("eujel"));
     show(eu);
     EXPECT_EQ(eu.windowTitle(), u"Havi jelentéskészítés - EU jelentés"_s);
     EXPECT_FALSE(part<QLineEdit>(eu, "IdoszakIg")->isVisible());
@@ -260,6 +260,15 @@ TEST_F(ReportForms, WriteBackByKeyboard) {
     EXPECT_EQ(pressKey(Qt::Key_Return), u"Visszaallitas"_s);
     test.dialogue.expect(u"Nem adott meg -Ig értéket!"_s);
     EXPECT_EQ(pressKey(Qt::Key_Return), u"IdoszakIg"_s);
+    // A half-filled mask and a month that is none would clear the marks of other times.
+    for (const QString& wrong : {u"2008"_s, u"20081"_s, u"200813"_s, u"200800"_s}) {
+        typeText(wrong);
+        part<QPushButton>(form, "Visszaallitas")->setFocus();
+        test.dialogue.expect(u"Nem adott meg -Ig értéket!"_s);
+        EXPECT_EQ(pressKey(Qt::Key_Return), u"IdoszakIg"_s) << wrong.toStdString();
+        pressKey(Qt::Key_Delete);
+    }
+    EXPECT_EQ(firstText(test.data(), "select count(*) from BETEG where FLOPPY=1 or FLOPPY2=1"), u"2"_s);
     typeText(u"200803"_s);
     pressKey(Qt::Key_Tab);
     pressKey(Qt::Key_Right);

@@ -9,6 +9,8 @@
 #include "support/test_workstation.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -96,6 +98,23 @@ TEST(IntadForm, TypedByKeyboardAloneAndStored) {
     EXPECT_TRUE(opener.isEnabled());
 }
 
+// The login is in a file of its own: what was not stored is not called stored.
+TEST(IntadForm, SaysWhenTheLoginCouldNotBeStored) {
+    TestWorkstation test;
+    test.data().execute("insert into intezet (Int_nev, Gyogyi_kod, Orv_kod, Szakrend_kod, City, NBK_KOD)"
+                        " values ('Rendelő', '1234', '54321', '123456789', 'Pécs', 'N123')");
+    QFile::remove(test.path(u"setup.ini"_s));
+    ASSERT_TRUE(QDir().mkdir(test.path(u"setup.ini"_s))); // no file can take its place
+    intad form(test.workstation, nullptr);
+    open(form);
+    form.findChild<QLineEdit*>(u"Int_nev"_s)->setText(u"Új név"_s);
+    test.dialogue.expect(u"Az állomány nem írható: "_s + test.path(u"setup.ini"_s), u"Hiba"_s);
+    QTest::mouseClick(form.findChild<QPushButton*>(u"Tarol"_s), Qt::LeftButton);
+    EXPECT_EQ(form.findChild<QLabel*>(u"statusz"_s)->text(),
+              u" Hiba: Az on-line bejelentkező adatok tárolása nem sikerült!"_s);
+    EXPECT_EQ(firstText(test.data(), "select Int_nev from intezet"), u"Új név"_s);
+}
+
 TEST(GepazonForm, StoresThreeCharactersAndCloses) {
     TestWorkstation test;
     QWidget opener;
@@ -145,8 +164,9 @@ TEST(NemForm, DisablesItsCallerAndClosesOnlyWithItsButton) {
         ASSERT_TRUE(QTest::qWaitForWindowActive(&caller));
     }
 
-    note.showFor(&caller);
+    note.showFor(&caller, u"A kódszótár nem módosítható!"_s);
     EXPECT_EQ(text->text(), u"A kódszótár nem módosítható!"_s);
+    EXPECT_EQ(text->accessibleName(), u"Figyelmeztetés: A kódszótár nem módosítható!"_s);
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_TRUE(caller.isEnabled());
 }
