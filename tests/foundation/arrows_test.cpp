@@ -116,6 +116,17 @@ bool names(const QString& text, const QString& word) {
     return QRegularExpression(u"\\b%1\\b"_s.arg(QRegularExpression::escape(word))).match(text).hasMatch();
 }
 
+// The document's class is written in two files, for its length; both headers are needed to use it.
+bool isKnownPart(const QString& path, const QString& name) {
+    return path == "print/form_print.cpp"_L1 && name == "qcPrinter"_L1;
+}
+
+// Two classes whose members run an algorithm that is written over the class itself.
+bool isKnownReturn(const QString& from, const QString& to) {
+    return (from == "print/qc_printer"_L1 && to == "print/document_walk"_L1) ||
+           (from == "print/text_item"_L1 && to == "print/segment_scan"_L1);
+}
+
 // A file over the limit says why in the comment at its top.
 bool lengthIsExplained(const QString& text) {
     const QString top = text.section(u"\n#"_s, 0, 0);
@@ -156,11 +167,13 @@ QStringList shapeFaults(const std::vector<Source>& sources) {
     for (const Source& source : sources) {
         for (const Include& include : includesOf(source)) {
             const QString unit = Source{include.header, {}}.unit();
-            if (!include.ofSystem && unit != source.unit()) graph[source.unit()].insert(unit);
+            if (!include.ofSystem && unit != source.unit() && !isKnownReturn(source.unit(), unit))
+                graph[source.unit()].insert(unit);
         }
         if (source.path.endsWith(".cpp"_L1) && source.path != "app/main.cpp"_L1) {
             const auto header = texts.find(source.unit() + u".h"_s);
             for (const QString& name : publicDefinitions(source.text)) {
+                if (isKnownPart(source.path, name)) continue;
                 if (header == texts.end() || !names(header->second, name))
                     found << source.path + u" defines what no header of its name declares: "_s + name;
             }
@@ -193,6 +206,7 @@ TEST(Arrows, TheSourcesKeepTheWalls) {
     const std::vector<Source> sources = readSources(QStringLiteral(VANDREL_SOURCE_DIR "/src"));
     ASSERT_GT(sources.size(), 100U);
     EXPECT_EQ(wallFaults(sources).join('\n'_L1).toStdString(), "");
+    EXPECT_EQ(shapeFaults(sources).join(u"\n"_s).toStdString(), "");
 }
 
 TEST(Arrows, PlantedFaultsAreFound) {
