@@ -103,7 +103,7 @@ void measureTajSearch(Table& table, Setting& setting, const QString& size, int r
         std::vector<QString> texts;
         for (QString text : tajs) {
             text.truncate(kind.length);
-            if (!kind.hit) text[kind.length - 1] = u':'; // sorts behind the digits
+            if (!kind.hit) text[kind.length - 1] = u':'; // sorts after the digits
             texts.push_back(text);
         }
         std::vector<QByteArray> bytes;

@@ -1,4 +1,4 @@
-// Says when the first window stands: painted, and the event loop free again. Then the process ends at once.
+// Says when the first window is up: painted, and the event loop free again. Then the process ends at once.
 #pragma once
 
 #include <QCoreApplication>

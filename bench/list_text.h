@@ -13,7 +13,7 @@ namespace vandrel::bench {
 
 using namespace Qt::StringLiterals;
 
-// Stands once on the page for every sheet.
+// Once on the page for every sheet.
 inline const QString sheetMark = u"Beavatkozások:"_s;
 
 inline const QString listFont = u"Times New Roman"_s;
@@ -23,7 +23,7 @@ inline constexpr float listMarginLeft = 20;
 inline constexpr float listMargin = 10;    // on the other sides
 inline constexpr int textsOfSheet = 5;     // four lines and a blank one
 inline constexpr int batchSheets = 500;    // sheets whose texts exist at one time
-inline constexpr int sheetsOfUnit = 2'500; // a title block stands before so many
+inline constexpr int sheetsOfUnit = 2'500; // a title block comes before so many
 
 // The period of the list of the sample clinic: all its sheets.
 inline const QString storedFrom = u"2003.01.01."_s;

@@ -47,7 +47,7 @@ TEST(Program, EveryLivingEntryOpensItsFormAndGetsTheWindowBack) {
     ASSERT_NE(program.currentForm(), nullptr);
     EXPECT_EQ(program.currentForm()->objectName(), u"kornyform"_s);
     EXPECT_FALSE(program.ended());
-    // Closing the window ends the program at once, although a form stands.
+    // Closing the window ends the program at once, although a form is open.
     QTimer::singleShot(0, &window, &QWidget::close);
     EXPECT_EQ(QCoreApplication::exec(), 0);
     EXPECT_TRUE(program.ended());

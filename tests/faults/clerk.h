@@ -22,7 +22,7 @@ struct Confirmed {
 inline Confirmed storeNext(Workstation& station, std::mt19937& random) {
     const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
     SheetFields fields = goodSheet(station);
-    // Lines of a sheet that was left without storing stand on the next one: the clerk deletes them.
+    // Lines of a sheet that was left without storing belong to the next one: the clerk deletes them.
     for (const ProcedureLine& line : procedureLines(station, fields.Azonosito))
         deleteProcedureLine(station, line.rowid);
     const int lines = below(14), mark = below(10'000);

@@ -329,8 +329,8 @@ TEST_F(DocumentTest, StretchesBetweenLettersWhereBlanksDoNotDo) {
             if (one.y == 1440) all.push_back(one.x - 1440);
         return all;
     };
-    // Room 1000, width 500 with the blank behind: the excess of 500 is more than three blanks.
-    // Five letters and blanks, none of the blanks within: 500 / (5 - 1) each, thrice behind a blank.
+    // Room 1000, width 500 with the blank after it: the excess of 500 is more than three blanks.
+    // Five letters and blanks, none of the blanks within: 500 / (5 - 1) each, thrice after a blank.
     EXPECT_EQ(xs("aaaa bbbbbbb"), (std::vector<double>{0, 225, 450, 675, 900}));
     // One blank within, width 600: 400 / 1 is more than 300, so 400 / (6 - 1 + 2) between letters.
     const double extra = 400.0 / 7;

@@ -1,4 +1,4 @@
-// Fonts, the page painter, PDF files and the spool: what stands between the laid-out page and the machine.
+// Fonts, the page painter, PDF files and the spool: what lies between the laid-out page and the machine.
 #include "print/font_meter.h"
 #include "print/page_painter.h"
 #include "print/page_spool.h"
@@ -31,7 +31,7 @@ const FontChoice times{u"Times New Roman"_s, 10};
 const QString accents = u"fi ffl AVATo á é í ó ö ő ú ü ű Á É Í Ó Ö Ő Ú Ü Ű"_s;
 const PrintJobSetup a4{0, orientation::portrait, 11906, 16838, u"Próba <b>&\""_s};
 
-// A run of the text from x on; stretched: so much more behind each character.
+// A run of the text from x on; stretched: so much more after each character.
 struct Line {
     Line(TextMeter& meter, const QString& given, double x, double y, double stretched = 0) : text(given) {
         run.face = &meter.face(times);
@@ -143,7 +143,7 @@ TEST(PdfFile, TextIsFoundWhereItWasLaidOut) {
 
     const QStringList lines = outputOf(u"pdftotext"_s, {path, u"-"_s}).split(u'\n');
     EXPECT_EQ(lines.count(accents), 3);
-    for (const QString& shown : {u"✓"_s, u"vége"_s}) // other fonts stand higher or lower
+    for (const QString& shown : {u"✓"_s, u"vége"_s}) // other fonts have other heights
         EXPECT_EQ(lines.filter(shown).size(), 1) << shown.toStdString();
     // The words of one line after the other, each with its place in points.
     const QString boxes = outputOf(u"pdftotext"_s, {u"-bbox"_s, path, u"-"_s});

@@ -46,7 +46,7 @@ QString valueOf(const QString& body) {
     return QString::number(part(1) + 256 * part(2) + 65536 * part(3));
 }
 
-// The tag that begins at "<"; its end lies behind ">". Not a tag: end is 0.
+// The tag that begins at "<"; its end is after ">". Not a tag: end is 0.
 struct Tag {
     qsizetype end = 0;
     QString body;  // upper-cased

@@ -30,7 +30,7 @@ struct Item {
 
     // Results.
     int lineCount = 0;
-    qsizetype openFrom = -1; // where a last line begins that got no height; -1: there is none
+    qsizetype openFrom = -1;         // where a last line begins that got no height; -1: there is none
     std::vector<double> lineHeights; // from 0
     double width = 0, height = 0;
     int startPage = 0, endPage = 0;

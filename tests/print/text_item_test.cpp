@@ -147,7 +147,7 @@ TEST_F(TextItemTest, ValuesOfTagsAndFields) {
     head.ParseFields(3, 12, "J\u00e1r\u00f3beteg #pagenumber#");
     EXPECT_EQ(head.ParsedText(), "3/12 2008. \u00e1prilis 3. 2008.04.03. 14:05:09 14:05 "
                                  "J\u00e1r\u00f3beteg #pagenumber# #PageNumber# #date# 3");
-    qcTextItem body = item("#appname#"); // a body item prints its fields as they stand
+    qcTextItem body = item("#appname#"); // a body item prints its fields as they are
     body.ParseFields(3, 12, "a");
     body.GetSize();
     EXPECT_EQ(body.Width(), 950); // with a wide m
@@ -262,7 +262,7 @@ TEST_F(TextItemTest, AMillionLettersTakeNoTime) {
         QString text;
         int lines;
     } cases[] = {
-        {many("a"), 100'000},       {many("a "), 100'000}, // the blank behind the fifth letter hangs over
+        {many("a"), 100'000},       {many("a "), 100'000}, // the blank after the fifth letter hangs over
         {many("</"), 100'000},      {many("<"), 100'000},    {many("</") + ">", 100'001},
         {many("<B>a</B>"), 15'625}, // eight bold letters and no more
         {many("<B"), 100'000},      {many("\n"), 1'000'000}, {many("<LINDENT=1>a"), 1}};

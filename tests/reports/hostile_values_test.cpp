@@ -183,7 +183,7 @@ TEST(Hostile, Dictionaries) {
         EXPECT_EQ(Visszaad_beav(clinic.workstation, value).points, 7);
         procedures.execute("delete from BEAV where NEMET_PONT=7");
 
-        // As the name of a unit and of the institution they stand in the note, a strange letter as '?'.
+        // As the name of a unit and of the institution they are in the note, a strange letter as '?'.
         units.execute("update SZAKREND set REND_NEV=?1", value);
         clinic.data().execute("update intezet set Int_nev=?1", value);
         clinic.store(goodSheet(clinic.workstation), 1);

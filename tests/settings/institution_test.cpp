@@ -31,7 +31,7 @@ InstitutionFields good() {
 } // namespace
 
 TEST(InstitutionFields, ChecksInOrder) {
-    // From the last check to the first: each fault hides those behind it.
+    // From the last check to the first: each fault hides those after it.
     const struct {
         QString InstitutionFields::*member;
         const char* value;

@@ -188,7 +188,7 @@ TEST_F(SheetStore, CountersThatCannotMove) {
     EXPECT_EQ(makeNewSheet(station.workstation).Azonosito, u"ABC0000002"_s);
 }
 
-// A box that stands must not hold the file: another program may want it meanwhile.
+// An open box must not lock the file: another program may want it meanwhile.
 class LockWatch : public Dialogue {
   public:
     Answer show(const Message&) override {

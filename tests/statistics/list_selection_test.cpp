@@ -1,4 +1,4 @@
-// Which sheets a list walks and in which order, and the checks that stand before it.
+// Which sheets a list walks and in which order, and the checks that come first.
 #include "statistics/list_selection.h"
 #include "support/statistics_data.h"
 

@@ -71,7 +71,7 @@ class ListsTest : public ::testing::Test {
     ListOutcome run(StatisticsList list, const ListRequest& request) { return run(list, request, quiet); }
     ListOutcome run(StatisticsList list) { return run(list, clinicRequest(list)); }
 
-    // Each item as its size, b(old), u(nderlined), c(entred) and text; no-break spaces show as a dot. Behind
+    // Each item as its size, b(old), u(nderlined), c(entred) and text; no-break spaces show as a dot. After
     // them the rows of the table.
     QString written() {
         QString all;

@@ -1,5 +1,5 @@
 // A workstation on a folder of its own, for tests: a dialogue that fails the test on every box that was not
-// expected, a clock that stands still, a packer that can be told to be missing.
+// expected, a clock that does not move, a packer that can be told to be missing.
 #pragma once
 
 #include "foundation/workstation.h"

@@ -123,7 +123,7 @@ TEST_F(SampleFolder, EveryFileCanBeDumpedAndRestoredElsewhere) {
     EXPECT_EQ(drugs.rows("select name from sqlite_master where type='view' order by rowid"),
               (Rows{{"NORM_GYOGYSZ"}, {"EUEM_GYOGYSZ"}, {"EUKIEM_GYOGYSZ"}}));
     Rows columns = drugs.rows("select name from pragma_table_info('GYOGYSZ')");
-    columns.push_back({"NTK"}); // the fee of the title, behind the table's own columns
+    columns.push_back({"NTK"}); // the fee of the title, after the table's own columns
     EXPECT_EQ(drugs.rows("select name from pragma_table_info('EUKIEM_GYOGYSZ')"), columns);
 }
 
@@ -158,7 +158,7 @@ TEST_F(SampleFolder, DictionariesAgreeWithEachOther) {
               (Rows{{"Magyarország", "HU"}, {"Egyesült Államok", " "}}));
     EXPECT_EQ(dictionaries.value("select count(*) from ALLAMPOL where trim(EUKOD) <> ''"), "27");
 
-    // Each key is found by its key code behind "Fn - ", and puts a known procedure into the field.
+    // Each key is found by its key code after "Fn - ", and puts a known procedure into the field.
     dictionaries.rows("attach '" + path("beav.mdb").toStdString() + "' as beav");
     Rows keys;
     for (int key = 2; key <= 9; ++key)

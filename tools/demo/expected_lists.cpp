@@ -27,7 +27,7 @@ int quantity(const Line& line) {
     return line.quantity.isEmpty() ? 1 : line.quantity.toInt();
 }
 
-// As a bookkeeper writes it: a decimal comma, no grouping, no zeros behind.
+// As a bookkeeper writes it: a decimal comma, no grouping, no trailing zeros.
 QString figure(double value) {
     QString text = QString::number(value, 'f', 4);
     while (text.endsWith(u'0'))

@@ -24,7 +24,7 @@ QString zeros(const QString& value, qsizetype width) {
     return value.rightJustified(width, '0'_L1);
 }
 
-// What stands in a field at the store: typed, picked, or what a new sheet proposes.
+// What a field holds at the store: typed, picked, or what a new sheet proposes.
 QString stored(const Visit& visit, const QString& field, const QString& proposed = {}) {
     for (const std::vector<Entry>* entries : {&visit.picked, &visit.otherData, &visit.fields})
         for (const Entry& entry : *entries)
@@ -76,7 +76,7 @@ std::vector<Record> records() {
             const std::size_t to = std::min(from + linesOfARecord, visit.lines.size());
             const std::vector<Line> lines(visit.lines.begin() + static_cast<std::ptrdiff_t>(from),
                                           visit.lines.begin() + static_cast<std::ptrdiff_t>(to));
-            // Behind the first record of a sheet only unit, journal number and procedures stand.
+            // After the first record of a sheet there are only unit, journal number and procedures.
             all.push_back({visit.unit,
                            from == 0 ? headRecord(visit, journal, lines)
                                      : blanks(visit.unit, 9) + blanks({}, 36) + journal + blanks({}, 72) +

@@ -30,7 +30,7 @@ class InWindow {
     bool seen() const { return m_seen; }
 
   private:
-    // A single shot each time: a repeating timer stands still while its own call has a window of its own up.
+    // A single shot each time: a repeating timer does not fire while its own call has a window of its own up.
     void look() {
         QTimer::singleShot(5, &m_life, [this] {
             QWidget* window = QApplication::activeModalWidget();

@@ -1,4 +1,4 @@
-// Opens what stands in the menu, by its access letters and arrows, and plays the small screens.
+// Opens what the menu holds, by its access letters and arrows, and plays the small screens.
 #pragma once
 
 #include <QString>

@@ -99,7 +99,7 @@ void SheetPlay::fillFields(const Visit& visit, bool first) {
                 m_stage.boxesDone();
                 focusMustBe(field);
             }
-            // Nobody types what stands there already.
+            // Nobody types what is there already.
             if (!leaveOut && shownText() != *text) type(*text);
         }
         press(Qt::Key_Return);

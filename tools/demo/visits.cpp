@@ -17,7 +17,7 @@ struct Patient {
     QString birth; // digits
 };
 
-// Eight digits and the check digit behind them: three times the odd places, seven times the even ones.
+// Eight digits and the check digit after them: three times the odd places, seven times the even ones.
 QString withCheckDigit(const QString& number) {
     int sum = 0;
     for (int i = 0; i < 8; ++i)

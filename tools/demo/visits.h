@@ -22,7 +22,7 @@ struct Line {
 };
 
 struct Visit {
-    QString name; // of the patient, as it must stand on the sheet at the end
+    QString name; // of the patient, as it must be on the sheet at the end
     QString taj;  // nine digits
     bool known;   // in the register already: the first digits of the TAJ bring the rest
     QString date; // éééé.hh.nn.
@@ -31,8 +31,8 @@ struct Visit {
     QString postalCode, sex, birth, citizenship; // of the patient; the birth date as digits
     QString diagnosis;
     std::vector<Entry> fields;    // typed when the focus comes there
-    std::vector<Entry> picked;    // chosen from the list behind F1 by the first letters of its line
-    std::vector<Entry> searched;  // chosen from the dictionary behind F1 by a part of the name
+    std::vector<Entry> picked;    // chosen from the list at F1 by the first letters of its line
+    std::vector<Entry> searched;  // chosen from the dictionary at F1 by a part of the name
     std::vector<Line> lines;      // procedures in their order
     std::vector<Entry> otherData; // Ctrl-E, in the frame's order
     QString note;                 // Ctrl-N

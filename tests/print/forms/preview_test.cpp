@@ -430,7 +430,7 @@ TEST(PreviewWindow, LongPrintingTakesNoInputButAsksBeforeItStops) {
     EXPECT_EQ(field.text(), QString());
     EXPECT_EQ(shown.value(0), 1);
     EXPECT_GT(shown.size(), 1);
-    EXPECT_FALSE(stand.engine.pagePrinted(1, 1)); // the one that stood there before
+    EXPECT_FALSE(stand.engine.pagePrinted(1, 1)); // the one that was set before
     post(Qt::Key_C, u"c"_s);
     QCoreApplication::processEvents();
     EXPECT_EQ(field.text(), u"c"_s);

@@ -103,7 +103,7 @@ TEST_F(ReportForms, TheMonthsReportByKeyboard) {
     EXPECT_FALSE(form.isEnabled());
     EXPECT_FALSE(form.close()); // not under an open picker
     part<QListWidget>(*picker, "Mappak")->setFocus();
-    pressKey(Qt::Key_Down); // behind ".." stands "cel"
+    pressKey(Qt::Key_Down); // "cel" follows ".."
     pressKey(Qt::Key_Return);
     keepPicture(*picker, u"openform.png"_s);
     EXPECT_EQ(part<QLineEdit>(*picker, "Utvonal")->text(), test.path(u"cel"_s));

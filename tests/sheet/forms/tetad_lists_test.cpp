@@ -1,4 +1,4 @@
-// The lists behind F1: the pick-list with its lines, the searchable dictionaries, the month picker.
+// The lists at F1: the pick-list with its lines, the searchable dictionaries, the month picker.
 #include "sheet/forms/tetad_kieg1.h"
 #include "support/sheet_screen.h"
 

@@ -1,4 +1,4 @@
-// The rules that run while the sheet is typed: the register behind the TAJ, the town behind the postal code,
+// The rules that run while the sheet is typed: the register's patient for a TAJ, the town of a postal code,
 // what happens when a field is left, and what fields make of each other. Real keys all through.
 #include "support/sheet_screen.h"
 
@@ -225,7 +225,7 @@ TEST_F(TetadProcedures, LinesAreWrittenAtOnceAndFunctionKeysFillTheCode) {
     pressKey(Qt::Key_Return);
     EXPECT_EQ(lines(), u"11041/1/V"_s);
     EXPECT_EQ(label("BEAV_NEV"), QString());
-    pressKey(Qt::Key_F6); // not laid down
+    pressKey(Qt::Key_F6); // does nothing
     EXPECT_EQ(text("BEAV"), QString());
     dialogue.expect(u"Nincs ilyen kód a beavatkozás törzsben!"_s, u"Hiba"_s);
     EXPECT_EQ(enter(u"9x'%_"_s), u"BEAV"_s);

@@ -143,7 +143,7 @@ TEST_F(Tetad, WholeSheetIsTypedAndStoredWithoutMouse) {
                      "Dat||'|'||Leanykori_neve"
                      " from Paciensek where ID=8"),
               hostile + u"|1012|Budapest 12|Kő köz 3.|Tóth Ilona|1|1958.07.04.|"_s + hostile);
-    // The next sheet stands there as a fresh one.
+    // The next sheet is shown as a fresh one.
     EXPECT_EQ(label("Azonosito"), u"A010000043"_s);
     EXPECT_EQ(focusName(), u"Szakrend"_s);
     EXPECT_EQ(texts("Szakrend Naplo Neve Terites"), u"010000001|14||01"_s);
@@ -189,7 +189,7 @@ TEST_F(Tetad, LeavingKeepsTheLinesForTheNextSheet) {
     EXPECT_EQ(label("BEAV_NEV"), u"Kontrollvizsgálat"_s);
 }
 
-// The window's own button closes the form while its dictionary stands before it: no check runs any more.
+// The window's own button closes the form while its dictionary is open: no check runs any more.
 TEST_F(Tetad, GoesWithItsDictionaryAndChecksNothing) {
     type("Diag1", u"X9"_s); // there is no such code: leaving the field would say so
     pressKey(Qt::Key_F1);

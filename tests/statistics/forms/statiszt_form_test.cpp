@@ -118,7 +118,7 @@ TEST_F(StatisticsScreen, TheTrafficLogInTwoSteps) {
     };
     secondStepIs(false);
 
-    // Nothing ticked: the first step stands.
+    // Nothing ticked: the first step stays.
     EXPECT_EQ(focusName(), u"Terites01"_s);
     for (int box = 0; box < 12; ++box)
         pressKey(box % 2 == 0 ? Qt::Key_Return : Qt::Key_Down);
