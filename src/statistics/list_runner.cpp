@@ -1,5 +1,6 @@
 #include "statistics/list_runner.h"
 
+#include "foundation/file_checks.h"
 #include "print/print_fault.h"
 #include "print/qc_printer.h"
 #include "statistics/individual_costs.h"
@@ -114,7 +115,12 @@ ListOutcome runList(Workstation& station, StatisticsList list, const ListRequest
     if (progress.status) progress.status(list_status::processing);
     ListOutcome outcome = ListOutcome::failed;
     try {
-        outcome = made(station, list, request, document, progress);
+        const auto checking = [&progress](const QString& name) {
+            if (progress.status) progress.status(u"Az adatállományok ellenőrzése: %1"_s.arg(name));
+        };
+        outcome = confirmWhole(station, filesOfLists, u"a lista"_s, checking)
+                      ? made(station, list, request, document, progress)
+                      : ListOutcome::stopped;
     } catch (const ListStopped&) {
         outcome = ListOutcome::stopped;
     } catch (const Fault& fault) {
