@@ -80,6 +80,13 @@ ListOutcome made(Workstation& station, StatisticsList list, const ListRequest& r
     startDocument(document);
     ListWriter writer(document);
     ListRun run(station, request, writer, progress, chosen.onFault);
+    bool whole = false;
+    run.waiting([&] {
+        whole = confirmWhole(station, filesOfLists, u"a lista"_s, [&progress](const QString& name) {
+            if (progress.status) progress.status(u"Az adatállományok ellenőrzése: %1"_s.arg(name));
+        });
+    });
+    if (!whole) return ListOutcome::stopped;
     run.waiting([&] { run.sheets = selectSheets(station, list, request); });
     if (run.sheets.empty() && chosen.noData != nullptr) {
         station.dialogue.tell(QString::fromUtf16(chosen.noData),
@@ -115,12 +122,7 @@ ListOutcome runList(Workstation& station, StatisticsList list, const ListRequest
     if (progress.status) progress.status(list_status::processing);
     ListOutcome outcome = ListOutcome::failed;
     try {
-        const auto checking = [&progress](const QString& name) {
-            if (progress.status) progress.status(u"Az adatállományok ellenőrzése: %1"_s.arg(name));
-        };
-        outcome = confirmWhole(station, filesOfLists, u"a lista"_s, checking)
-                      ? made(station, list, request, document, progress)
-                      : ListOutcome::stopped;
+        outcome = made(station, list, request, document, progress);
     } catch (const ListStopped&) {
         outcome = ListOutcome::stopped;
     } catch (const Fault& fault) {

@@ -100,6 +100,7 @@ TEST(Mutants, NoReportFromADamagedFileIsCalledGood) {
     test.workstation.files.closeAll();
     const QByteArray good = fileBytes(path);
     ASSERT_TRUE(report());
+    ASSERT_TRUE(test.dialogue.boxes.empty()) << "a whole file is called damaged";
     const QByteArray goodReport = fileBytes(test.path(u"tetN123.amb"_s));
     test.workstation.files.closeAll();
     makeFile(path, good);
