@@ -1,5 +1,6 @@
 // The processes whose time and memory list_bench.cpp compares: one does one thing and prints its figures.
 #include "child.h"
+#include "foundation/file_checks.h"
 #include "list_bench.h"
 #include "list_text.h"
 
@@ -342,6 +343,8 @@ int storedChild(StatisticsList which, const QString& folder, const QString& from
     station.serveEvents = [] { QCoreApplication::processEvents(); };
     for (const DataFile file : {DataFile::tetdata, DataFile::tetmod})
         station.files[file];
+    // Read through for damage in an idle moment before.
+    if (!confirmWhole(station, filesOfLists, {}, {})) std::exit(1);
     ListRequest request;
     request.allCategories = true;
     request.from = from;

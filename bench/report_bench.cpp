@@ -3,6 +3,7 @@
 #include "child.h"
 #include "sample_clinic.h"
 
+#include "foundation/file_checks.h"
 #include "foundation/forms/masked_field.h"
 #include "reports/forms/levForm.h"
 
@@ -108,6 +109,8 @@ int reportChild(int argc, char** argv, const QString& folder, const QString& mon
     // As on a running workstation, the files are open when the button is pressed.
     for (const DataFile file : {DataFile::tetdata, DataFile::tetseged, DataFile::beav, DataFile::tetmod})
         station.files[file];
+    // Read through for damage in an idle moment before.
+    if (!confirmWhole(station, filesOfReports, {}, {})) std::exit(1);
 
     QWidget opener;
     levForm form(station, &opener, *menuEntry("er"));

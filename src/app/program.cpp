@@ -1,6 +1,7 @@
 #include "app/program.h"
 
 #include "app/application.h"
+#include "foundation/file_checks.h"
 #include "foundation/forms/box_dialogue.h"
 #include "foundation/forms/frmAbout.h"
 #include "foundation/forms/window_helpers.h"
@@ -56,6 +57,8 @@ constexpr FormOpener openers[] = {
     {"frmAbout", openByEntry<frmAbout>},
 };
 
+constexpr std::chrono::seconds checkEvery{10};
+
 } // namespace
 
 Program::Program(Workstation& station, std::function<bool()> otherInstanceRuns)
@@ -100,6 +103,10 @@ bool Program::start() {
         });
     m_mainWindow->load();
     m_mainWindow->show();
+    // What reports and lists read is read through for damage while the clerk does something else.
+    QObject::connect(&m_checkTimer, &QTimer::timeout, m_mainWindow.get(),
+                     [this] { m_station.files.checks().goOn(filesOfLists); });
+    m_checkTimer.start(checkEvery);
     m_mainWindow->activateWindow(); // a screen without a window manager does not do it by itself
     return true;
 }

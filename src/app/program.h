@@ -10,6 +10,7 @@
 #include "foundation/workstation.h"
 
 #include <QPointer>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -64,6 +65,7 @@ class Program {
     std::function<bool()> m_otherInstanceRuns;
     QPointer<WorkForm> m_form;
     bool m_ended = false;
+    QTimer m_checkTimer;
 };
 
 // Runs the program in the folder of its executable; gives the process's exit code.

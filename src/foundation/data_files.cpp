@@ -1,5 +1,6 @@
 #include "foundation/data_files.h"
 
+#include "foundation/file_checks.h"
 #include "platform/ini_file.h"
 
 #include <QDir>
@@ -110,6 +111,11 @@ constexpr SetupKey setupKeys[] = {
 
 } // namespace
 
+DataFiles::DataFiles(const QString& folder)
+    : m_folder(folder), m_checks(std::make_unique<FileChecks>(*this)) {}
+
+DataFiles::~DataFiles() = default;
+
 QString DataFiles::path(DataFile file) const {
     return QDir(m_folder).filePath(catalogue::fileName(file));
 }
@@ -118,15 +124,21 @@ Database& DataFiles::operator[](DataFile file) {
     std::unique_ptr<Database>& place = m_open[static_cast<std::size_t>(file)];
     if (!place) {
         place = std::make_unique<Database>(path(file));
+        place->whenBusy([this] { m_checks->giveWay(); });
         // Scratch rows are made anew by every run: they need no wait for the disk.
         if (file == DataFile::tetseged) place->executeScript("pragma synchronous=off;");
     }
     return *place;
 }
 
+void DataFiles::close(DataFile file) {
+    m_checks->forget(file);
+    m_open[static_cast<std::size_t>(file)].reset();
+}
+
 void DataFiles::closeAll() {
-    for (auto& place : m_open)
-        place.reset();
+    for (std::size_t file = 0; file < m_open.size(); ++file)
+        close(static_cast<DataFile>(file));
 }
 
 QString DataFiles::examine(DataFile file) {

@@ -11,9 +11,14 @@
 
 namespace vandrel {
 
+class FileChecks;
+
 class DataFiles {
   public:
-    explicit DataFiles(const QString& folder) : m_folder(folder) {}
+    explicit DataFiles(const QString& folder);
+    ~DataFiles();
+    DataFiles(const DataFiles&) = delete;
+    DataFiles& operator=(const DataFiles&) = delete;
 
     const QString& folder() const { return m_folder; }
     QString path(DataFile file) const;
@@ -22,8 +27,11 @@ class DataFiles {
     // állomány!".
     Database& operator[](DataFile file);
     // Closes a file before it is copied or replaced; the next use opens it again.
-    void close(DataFile file) { m_open[static_cast<std::size_t>(file)].reset(); }
+    void close(DataFile file);
     void closeAll();
+
+    // Which of them are known to be whole.
+    FileChecks& checks() { return *m_checks; }
 
     // Looks whether tetseged.mdb is whole and has all its tables: a file that is missing, damaged or of
     // another layout is replaced by a new one without rows. No statement on it may be open. Faults of a file
@@ -37,6 +45,7 @@ class DataFiles {
   private:
     QString m_folder;
     std::array<std::unique_ptr<Database>, 11> m_open;
+    std::unique_ptr<FileChecks> m_checks;
 };
 
 // Makes one data file of the catalogue, with its indexes, views and first rows. Fault where it exists

@@ -13,6 +13,8 @@ namespace vandrel {
 
 namespace {
 
+constexpr int lockPause = 5; // milliseconds between two tries of a locked file
+
 // Everything runs on the one user-interface thread: without the engine's locks around each call and each
 // piece of memory, reading takes a quarter less time.
 constexpr int oneThread = SQLITE_OPEN_NOMUTEX;
@@ -163,13 +165,20 @@ Database Database::create(const QString& path) {
 }
 
 void Database::setLockWait(std::chrono::milliseconds wait) {
-    sqlite3_busy_timeout(m_handle, static_cast<int>(wait.count()));
+    m_lockWait->time = wait;
 }
 
 void Database::configure() {
     sqlite3_extended_result_codes(m_handle, 1);
     // Before the first reading: a file that a sibling tool holds for a moment is waited for at once.
-    setLockWait(usualLockWait);
+    const auto wait = [](void* context, int waits) {
+        const LockWait& lock = *static_cast<LockWait*>(context);
+        if (lock.meanwhile) lock.meanwhile();
+        if (waits * lockPause >= lock.time.count()) return 0;
+        sqlite3_sleep(lockPause);
+        return 1;
+    };
+    sqlite3_busy_handler(m_handle, wait, m_lockWait.get());
     registerTextFunctions(m_handle);
     // A closed data file is one file, and a store that was confirmed survives a power cut: "extra" syncs the
     // folder after the journal's removal too, or the journal could come back and undo the store.
@@ -178,7 +187,7 @@ void Database::configure() {
 
 Database::Database(Database&& other) noexcept
     : m_path(std::move(other.m_path)), m_handle(std::exchange(other.m_handle, nullptr)),
-      m_cache(std::move(other.m_cache)) {
+      m_lockWait(std::move(other.m_lockWait)), m_cache(std::move(other.m_cache)) {
     other.m_cache.clear();
 }
 
@@ -187,6 +196,10 @@ Database::~Database() {
         for (sqlite3_stmt* statement : statements)
             sqlite3_finalize(statement);
     sqlite3_close_v2(m_handle);
+}
+
+void Database::whenBusy(std::function<void()> action) {
+    m_lockWait->meanwhile = std::move(action);
 }
 
 QString Database::fileName() const {

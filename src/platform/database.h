@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -105,6 +106,9 @@ class Database {
     // Runs several statements without values (a schema, a pragma).
     void executeScript(const std::string& sql);
 
+    // Called, several times, while a statement waits for a file that another connection holds.
+    void whenBusy(std::function<void()> action);
+
     qint64 changes() const;
     qint64 lastRowId() const;
     bool inTransaction() const;
@@ -133,6 +137,11 @@ class Database {
 
     QString m_path;
     sqlite3* m_handle = nullptr;
+    struct LockWait {
+        std::chrono::milliseconds time = usualLockWait;
+        std::function<void()> meanwhile = {};
+    };
+    std::unique_ptr<LockWait> m_lockWait = std::make_unique<LockWait>(); // the engine keeps its address
     // One idle statement a text is kept; a second use at the same time gets one of its own.
     std::unordered_map<std::string, std::vector<sqlite3_stmt*>> m_cache;
 };

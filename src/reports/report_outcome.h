@@ -11,7 +11,7 @@ struct ReportOutcome {
     enum class Result {
         refused,    // a period is not filled in; the focus goes to the from-field
         notBuilt,   // the mode's writer does not exist yet: nothing was selected or marked
-        notStarted, // the target is not ready; nothing was touched
+        notStarted, // the target or a data file is not fit for it; nothing was touched
         broken,     // the selection broke; the marks set so far stay
         noData,     // nothing is due in the period
         writerEnded // the writer ran; complete says whether it came to its end

@@ -14,6 +14,8 @@ class ReportProgress {
     virtual void started() {}
     // Nothing is due; called before the box says so.
     virtual void noData() {}
+    // A data file is read through for damage before the run, and it takes longer than a moment.
+    virtual void checking(const QString& /*fileName*/) {}
     virtual void selectedSheets(qint64 /*sheets*/) {}
     // Rows of the scratch table when writing begins.
     virtual void outputRecords(qint64 /*records*/) {}

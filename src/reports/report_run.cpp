@@ -1,5 +1,6 @@
 #include "reports/report_run.h"
 
+#include "foundation/file_checks.h"
 #include "platform/kept_transaction.h"
 #include "reports/original_report.h"
 #include "reports/report_period.h"
@@ -83,6 +84,9 @@ ReportOutcome runReport(Workstation& station, const ReportRequest& request, Repo
     std::vector<qint64> sheets;
     try {
         testTarget(station);
+        if (!confirmWhole(station, filesOfReports, u"a jelentés"_s,
+                          [&progress](const QString& name) { progress.checking(name); }))
+            return outcome;
         progress.started();
         outcome.result = Result::broken;
         marks.emplace(station.files[DataFile::tetdata]);

@@ -1,5 +1,6 @@
 #include "statistics/list_runner.h"
 
+#include "foundation/file_checks.h"
 #include "print/print_fault.h"
 #include "print/qc_printer.h"
 #include "statistics/individual_costs.h"
@@ -79,6 +80,13 @@ ListOutcome made(Workstation& station, StatisticsList list, const ListRequest& r
     startDocument(document);
     ListWriter writer(document);
     ListRun run(station, request, writer, progress, chosen.onFault);
+    bool whole = false;
+    run.waiting([&] {
+        whole = confirmWhole(station, filesOfLists, u"a lista"_s, [&progress](const QString& name) {
+            if (progress.status) progress.status(u"Az adatállományok ellenőrzése: %1"_s.arg(name));
+        });
+    });
+    if (!whole) return ListOutcome::stopped;
     run.waiting([&] { run.sheets = selectSheets(station, list, request); });
     if (run.sheets.empty() && chosen.noData != nullptr) {
         station.dialogue.tell(QString::fromUtf16(chosen.noData),

@@ -191,6 +191,10 @@ void levForm::noData() {
     m_to->setEnabled(true);
 }
 
+void levForm::checking(const QString& fileName) {
+    m_hint->setText(u"Az adatállományok ellenőrzése: %1"_s.arg(fileName));
+}
+
 void levForm::selectedSheets(qint64 sheets) {
     m_periodSheets->setText(QString::number(sheets));
     m_selected->setText(QString::number(sheets));

@@ -38,6 +38,7 @@ class levForm : public WorkForm, private ReportProgress {
 
     void started() override;
     void noData() override;
+    void checking(const QString& fileName) override;
     void selectedSheets(qint64 sheets) override;
     void outputRecords(qint64 records) override;
     void procedures(qint64 positions) override;
