@@ -83,7 +83,7 @@ ListOutcome made(Workstation& station, StatisticsList list, const ListRequest& r
     bool whole = false;
     run.waiting([&] {
         whole = confirmWhole(station, filesOfLists, u"a lista"_s, [&progress](const QString& name) {
-            if (progress.status) progress.status(u"Az adatállományok ellenőrzése: %1"_s.arg(name));
+            progress.stage(u"Az adatállományok ellenőrzése: %1"_s.arg(name));
         });
     });
     if (!whole) return ListOutcome::stopped;
