@@ -32,9 +32,12 @@ qint64 insertRow(Database& database, std::string_view table, std::span<const Col
     int place = 0;
     for (const ColumnValue& value : values) {
         if (!written(value)) continue;
-        const std::string comma = place == 0 ? "" : ",";
-        names += comma + std::string(value.column);
-        places += comma + '?' + std::to_string(++place);
+        if (place != 0) {
+            names += ',';
+            places += ',';
+        }
+        names += value.column;
+        places += '?' + std::to_string(++place);
     }
     Query insert = database.query("insert into " + named(table) + " (" + names + ") values (" + places + ')');
     bindWritten(insert, values);
@@ -48,8 +51,9 @@ void updateRow(Database& database, std::string_view table, qint64 rowid,
     int place = 0;
     for (const ColumnValue& value : values) {
         if (!written(value)) continue;
-        assignments += (place == 0 ? "" : ",") + std::string(value.column) + "=?" + std::to_string(place + 1);
-        ++place;
+        if (place != 0) assignments += ',';
+        assignments += value.column;
+        assignments += "=?" + std::to_string(++place);
     }
     if (place == 0) return;
     Query update = database.query("update " + named(table) + " set " + assignments + " where rowid=?" +
