@@ -1,4 +1,5 @@
-# The checks of .ci/run that are no tests of ./test. Sourced after common.sh, with the repository as working folder.
+# The checks beside ./test, run by hand: format, clang-tidy, sanitizers. Sourced after common.sh, with the repository as
+# working folder.
 
 # Every C++ file is as clang-format leaves it.
 check_format() {
