@@ -4,6 +4,7 @@
 #include "foundation/forms/field_chain.h"
 
 #include <QAbstractTableModel>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
