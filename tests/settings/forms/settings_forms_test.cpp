@@ -108,7 +108,10 @@ TEST(IntadForm, SaysWhenTheLoginCouldNotBeStored) {
     intad form(test.workstation, nullptr);
     open(form);
     form.findChild<QLineEdit*>(u"Int_nev"_s)->setText(u"Új név"_s);
-    test.dialogue.expect(u"Az állomány nem írható: "_s + test.path(u"setup.ini"_s), u"Hiba"_s);
+    test.dialogue.expect(u"Az intézet adatainak tárolása megtörtént, de a bejelentkező adatoké nem: "
+                         "Az állomány nem írható: "_s +
+                             test.path(u"setup.ini"_s),
+                         u"Hiba"_s);
     QTest::mouseClick(form.findChild<QPushButton*>(u"Tarol"_s), Qt::LeftButton);
     EXPECT_EQ(form.findChild<QLabel*>(u"statusz"_s)->text(),
               u" Hiba: Az on-line bejelentkező adatok tárolása nem sikerült!"_s);
