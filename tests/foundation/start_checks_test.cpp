@@ -99,7 +99,7 @@ TEST(StartChecks, EveryLostFileIsTold) {
     EXPECT_EQ(faultNumberOf([&] { test.workstation.files[DataFile::tetmod]; }), fault::dataFileMissing);
     EXPECT_EQ(faultNumberOf([&] { test.workstation.files[DataFile::diagnos]; }), fault::dataFileDamaged);
     test.dialogue.expect(u"Nem található a tetmod.mdb állomány!"_s, errorTitle);
-    test.dialogue.expect(u"diagnos.mdb: az adatállomány sérült (file is not a database)"_s, errorTitle);
+    test.dialogue.expect(u"diagnos.mdb: az adatállomány sérült"_s, errorTitle);
     EXPECT_FALSE(examineDataFiles(test.workstation));
 }
 
