@@ -129,6 +129,7 @@ bool isKnownReturn(const QString& from, const QString& to) {
         {u"print/qc_printer"_s, u"print/form_print"_s},
         {u"print/qc_printer"_s, u"print/pagination"_s},
         {u"print/text_item"_s, u"print/segment_scan"_s},
+        {u"foundation/data_files"_s, u"foundation/file_checks"_s},
         {u"foundation/forms/record_grid"_s, u"foundation/forms/record_model"_s},
     };
     return returns.contains({from, to});
