@@ -34,7 +34,7 @@ TEST(PageLetters, LettersOutsideThePageBecomeTheirBaseOrAreLeftOut) {
 TEST(PageLetters, NothingThatIsTakenIsOutsideThePage) {
     for (char32_t code = 1; code < 0x3000; ++code) {
         const QString taken = pageLetters(QString::fromUcs4(&code, 1)).text;
-        EXPECT_TRUE(code == u'?' || !code_page::fromUnicode(taken).contains('?')) << std::hex << code;
+        EXPECT_TRUE(code == u'?' || !code_page::fromUnicode(taken).contains('?')) << static_cast<unsigned>(code);
     }
 }
 
