@@ -32,7 +32,8 @@ QString baseOf(const QString& letter) {
     if (known != std::end(baseLetters)) return QString::fromUtf16(known->base);
     const QString parts = letter.normalized(QString::NormalizationForm_KD);
     const QString base = parts.left(parts.isEmpty() || !parts[0].isHighSurrogate() ? 1 : 2);
-    return base != letter && inPage(base) ? base : QString();
+    const bool fits = base != letter && !base.isEmpty() && base[0].isLetterOrNumber() && inPage(base);
+    return fits ? base : QString();
 }
 
 void note(QString& letters, const QString& letter) {
