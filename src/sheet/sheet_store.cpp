@@ -40,11 +40,20 @@ double partFee(const QString& text) {
     return *value;
 }
 
+template<typename Read>
+auto ofField(const char* field, Read read) {
+    try {
+        return read();
+    } catch (const Fault& fault) {
+        throw FieldFault(fault.number(), fault.text(), QString::fromLatin1(field));
+    }
+}
+
 void readNumbers(StoreRun& run) {
     const SheetFields& fields = run.record.fields;
-    run.visitFee = visitFee(fields.VizDijOsszeg);
-    run.partFee = partFee(fields.TerReszlDij);
-    if (!fields.correction) run.journal = journalNumber(fields.Naplo);
+    run.visitFee = ofField("VizDijOsszeg", [&] { return visitFee(fields.VizDijOsszeg); });
+    run.partFee = ofField("TerReszlDij", [&] { return partFee(fields.TerReszlDij); });
+    if (!fields.correction) run.journal = ofField("Naplo", [&] { return journalNumber(fields.Naplo); });
     run.sickPayJournal = sickPayJournal(run.record);
 }
 

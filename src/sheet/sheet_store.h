@@ -4,9 +4,20 @@
 #pragma once
 
 #include "foundation/workstation.h"
+#include "platform/fault.h"
 #include "sheet/sheet_record.h"
 
 namespace vandrel {
+
+// A fault that lies in what one field holds.
+class FieldFault : public Fault {
+  public:
+    FieldFault(int number, const QString& text, const QString& field) : Fault(number, text), m_field(field) {}
+    const QString& field() const { return m_field; } // its name
+
+  private:
+    QString m_field;
+};
 
 enum class StoreOutcome {
     refused,       // a check failed: its message was shown; field says where
@@ -21,7 +32,8 @@ struct StoreResult {
 
 // Checks and writes. What is written inside is one transaction: a fault leaves the sheet wholly unstored and
 // is raised. The counters move after that, for new sheets only. Of two programs that store new sheets under
-// one key, the later one gets fault dataConversion with nothing written.
+// one key, the later one gets fault dataConversion with nothing written. FieldFault names the field of a
+// number that cannot be read.
 StoreResult storeSheet(Workstation& station, const SheetRecord& record);
 
 } // namespace vandrel

@@ -1,13 +1,19 @@
 #include "foundation/forms/field_chain.h"
 
+#include "foundation/forms/masked_field.h"
+#include "foundation/forms/note_edit.h"
+#include "platform/page_letters.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
+#include <QToolTip>
 #include <QValidator>
 
 #include <algorithm>
@@ -86,17 +92,42 @@ void FieldChain::add(QWidget* field, const FieldBehaviour& behaviour) {
     for (const Entry& entry : m_entries)
         if (entry.chained) previous = entry.field;
     if (previous != nullptr) QWidget::setTabOrder(previous, field);
-    m_entries.push_back({field, behaviour, true});
+    enrol(field, behaviour, true);
+}
+
+void FieldChain::adopt(QWidget* field, const FieldBehaviour& behaviour) {
+    enrol(field, behaviour, false);
+}
+
+void FieldChain::enrol(QWidget* field, const FieldBehaviour& behaviour, bool chained) {
+    m_entries.push_back({field, behaviour, chained});
     if (behaviour.numeric) takeNumbersOnly(field);
+    if (auto* edit = qobject_cast<QLineEdit*>(field)) keepToPage(edit);
+    if (auto* note = qobject_cast<NoteEdit*>(field))
+        connect(note, &NoteEdit::lettersRefused, this,
+                [this, note](const QString& notice) { tellRefusedLetters(note, notice); });
     field->installEventFilter(this);
     paint(field, field->hasFocus());
 }
 
-void FieldChain::adopt(QWidget* field, const FieldBehaviour& behaviour) {
-    m_entries.push_back({field, behaviour, false});
-    if (behaviour.numeric) takeNumbersOnly(field);
-    field->installEventFilter(this);
-    paint(field, field->hasFocus());
+// Typed, pasted, dropped or composed: all are edits by the user. A stored text with other letters is shown as
+// it is and changes only when it is edited.
+void FieldChain::keepToPage(QLineEdit* edit) {
+    connect(edit, &QLineEdit::textEdited, this, [this, edit] {
+        const PageLetters letters = pageLetters(edit->text());
+        if (letters.text == edit->text()) return;
+        const auto cursor = pageLetters(edit->text().left(edit->cursorPosition())).text.size();
+        edit->setText(letters.text);
+        edit->setCursorPosition(static_cast<int>(cursor));
+        if (!letters.untouched()) tellRefusedLetters(edit, pageLettersNotice(letters));
+    });
+}
+
+void FieldChain::tellRefusedLetters(QWidget* field, const QString& notice) {
+    if (m_status != nullptr)
+        m_status->setText(notice);
+    else
+        QToolTip::showText(field->mapToGlobal(field->rect().bottomLeft()), notice.toHtmlEscaped(), field);
 }
 
 const FieldChain::Entry* FieldChain::find(const QObject* field) const {
@@ -146,6 +177,10 @@ bool FieldChain::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::FocusIn: {
         paint(field, true);
+        if (m_current != field) {
+            m_current = field;
+            takeAsUnchanged();
+        }
         if (auto* edit = qobject_cast<QLineEdit*>(field)) {
             const auto reason = static_cast<QFocusEvent*>(event)->reason();
             // A mouse press sets the cursor after this event: select behind it.
@@ -175,11 +210,24 @@ bool FieldChain::eventFilter(QObject* watched, QEvent* event) {
         // looking focused. Coming back paints it again.
         paint(field, false);
         if (reason == Qt::ActiveWindowFocusReason) return false;
+        if (auto* masked = qobject_cast<MaskedField*>(field)) masked->padSingleDigits();
+        if (m_pauses == 0) m_current = nullptr;
         // A long text shows its beginning again, and nothing stays marked that no key would write over.
         if (auto* edit = qobject_cast<QLineEdit*>(field)) edit->setCursorPosition(0);
         if (entry->behaviour.leave && m_pauses == 0) leaveLater(field);
         return false;
     }
+    case QEvent::MouseButtonRelease:
+        // In an empty mask there is one place to type at.
+        if (auto* masked = qobject_cast<MaskedField*>(field); masked != nullptr && masked->isEmptyMask())
+            QMetaObject::invokeMethod(
+                masked,
+                [masked] {
+                    masked->deselect();
+                    masked->setCursorPosition(0);
+                },
+                Qt::QueuedConnection);
+        return false;
     case QEvent::KeyPress:
         // A key typed ahead of a check that gives the focus back belongs to nobody.
         if (!settle() && !field->hasFocus()) return true;
@@ -244,9 +292,22 @@ bool FieldChain::settle() {
     return kept;
 }
 
+void FieldChain::takeAsUnchanged() {
+    const auto* edit = qobject_cast<QLineEdit*>(m_current);
+    m_unchanged = edit != nullptr ? edit->displayText() : QString();
+}
+
+bool FieldChain::checkFocusedIfChanged() {
+    if (!settle()) return false;
+    const auto* edit = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    if (edit == nullptr || edit != m_current || edit->displayText() == m_unchanged) return true;
+    return checkFocused();
+}
+
 bool FieldChain::checkFocused() {
     if (!settle()) return false;
     QWidget* field = QApplication::focusWidget();
+    if (auto* masked = qobject_cast<MaskedField*>(field)) masked->padSingleDigits();
     const Entry* entry = field != nullptr ? find(field) : nullptr;
     if (entry == nullptr || !entry->behaviour.leave || m_pauses > 0 || m_checking) return true;
     bool good = true;

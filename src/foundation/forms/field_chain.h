@@ -11,6 +11,8 @@
 #include <vector>
 
 class QAbstractButton;
+class QLabel;
+class QLineEdit;
 class QKeyEvent;
 
 namespace vandrel {
@@ -44,6 +46,15 @@ class FieldChain : public QObject {
     // Runs them and the check of the field that has the focus now, for an action that takes the form's
     // content or covers the field; false when one failed or sent the focus elsewhere.
     bool checkFocused();
+    // The same for an action that takes the form's content only: the check of the field that has the focus
+    // runs only when its text was changed since it got the focus.
+    bool checkFocusedIfChanged();
+    // What the form shows now is what is unchanged: a record was put on it.
+    void takeAsUnchanged();
+    // Where the letters that a field did not take are told; without a line a tool tip at the field tells
+    // them.
+    void setStatusLine(QLabel* line) { m_status = line; }
+    void tellRefusedLetters(QWidget* field, const QString& notice);
     // No leave check runs any more: the form closes. For a while only: ChecksPaused.
     void stopChecks() { ++m_pauses; }
 
@@ -56,6 +67,8 @@ class FieldChain : public QObject {
         bool chained;
     };
 
+    void enrol(QWidget* field, const FieldBehaviour& behaviour, bool chained);
+    void keepToPage(QLineEdit* edit);
     const Entry* find(const QObject* field) const;
     bool keyPressed(QWidget* field, const Entry& entry, QKeyEvent* event);
     void paint(QWidget* field, bool focused);
@@ -65,6 +78,9 @@ class FieldChain : public QObject {
     std::vector<Entry> m_entries;
     std::vector<QPointer<QWidget>> m_left; // fields whose leave check is due
     QPointer<QWidget> m_selectDue;         // just got the focus; no key has been typed into it yet
+    QPointer<QLabel> m_status;
+    QPointer<QWidget> m_current; // the field that has the focus, or lent it to a frame or list of its own
+    QString m_unchanged;         // its text when it got the focus
     bool m_checking = false;
     int m_pauses = 0;
 

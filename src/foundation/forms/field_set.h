@@ -147,6 +147,7 @@ class FieldSet : public FieldSetBase {
         for (const FieldRow<Key>& row : m_table)
             if (input(row.key) != nullptr) setText(row.key, valueOf(copy, row.key));
         filling = false;
+        chain.takeAsUnchanged();
     }
 
   private:

@@ -1,5 +1,7 @@
 #include "foundation/forms/masked_field.h"
 
+#include <utility>
+
 namespace vandrel {
 
 namespace {
@@ -22,10 +24,22 @@ const char* maskText(MaskedField::Mask mask) {
 
 } // namespace
 
-MaskedField::MaskedField(Mask mask, QWidget* parent) : QLineEdit(parent) {
+MaskedField::MaskedField(Mask mask, QWidget* parent) : QLineEdit(parent), m_mask(mask) {
     setInputMask(QString::fromLatin1(maskText(mask)));
     clear();
     m_empty = displayText();
+}
+
+void MaskedField::padSingleDigits() {
+    static constexpr std::pair<Mask, int> places[] = {
+        {Mask::date, 5}, {Mask::date, 8}, {Mask::period, 5}, {Mask::time, 0}};
+    QString padded = value();
+    for (const auto& [mask, place] : places) {
+        if (mask != m_mask) continue;
+        const QString digit = padded.mid(place, 2).trimmed();
+        if (digit.size() == 1) padded.replace(place, 2, u'0' + digit);
+    }
+    if (padded != value()) setValue(padded);
 }
 
 } // namespace vandrel

@@ -18,10 +18,14 @@ class MaskedField : public QLineEdit {
     QString value() const { return displayText(); }
     void setValue(const QString& value) { setText(value.isEmpty() ? m_empty : value); }
     bool isEmptyMask() const { return displayText() == m_empty; }
+    // A month, day or hour of one digit gets its zero: "2008.4 .1 ." becomes "2008.04.01.", "9 :30" "09:30".
+    // Minutes of one digit stay as they are: 9:3 may be 9:30.
+    void padSingleDigits();
     void clearValue() { setText(m_empty); }
 
   private:
     QString m_empty;
+    Mask m_mask;
 };
 
 } // namespace vandrel

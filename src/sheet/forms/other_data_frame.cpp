@@ -1,13 +1,13 @@
 // Layout and rules of the two frames.
 #include "sheet/forms/other_data_frame.h"
 
+#include "foundation/forms/note_edit.h"
 #include "sheet/forms/sheet_desk.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -117,7 +117,7 @@ bool OtherDataFrame::capacityLeft() {
 }
 
 NoteFrame::NoteFrame(SheetDesk& desk, QWidget* form)
-    : OverlayFrame(form, u"megjegyzes_keret"_s, u" Megjegyzés"_s), m_note(new QPlainTextEdit) {
+    : OverlayFrame(form, u"megjegyzes_keret"_s, u" Megjegyzés"_s), m_note(new NoteEdit) {
     setPanelSize(700, 360);
     m_note->setObjectName(u"NOTE"_s);
     m_note->setAccessibleName(u" Megjegyzés"_s);

@@ -10,10 +10,9 @@
 #include <array>
 #include <functional>
 
-class QPlainTextEdit;
-
 namespace vandrel {
 
+class NoteEdit;
 class SheetDesk;
 
 class OtherDataFrame : public OverlayFrame {
@@ -45,13 +44,13 @@ class NoteFrame : public OverlayFrame {
 
   public:
     NoteFrame(SheetDesk& desk, QWidget* form);
-    QPlainTextEdit* note() const { return m_note; }
+    NoteEdit* note() const { return m_note; }
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    QPlainTextEdit* m_note;
+    NoteEdit* m_note;
 };
 
 } // namespace vandrel

@@ -37,7 +37,7 @@ QString plainTip(const QString& text) {
 } // namespace
 
 PatientFrame::PatientFrame(SheetDesk& desk, const OpenDictionary& dictionary, QWidget* parent)
-    : FormGroup(u"Páciens"_s, 126, parent), m_desk(desk),
+    : FormGroup(u"Páciens"_s, leftLabelWidth, parent), m_desk(desk),
       m_eligibility(makeCaption(u"jogviszony"_s, u"Jogviszony"_s)),
       m_feeDuty(makeCaption(u"VizDijKot"_s, u"Vizitdíj-kötelezettség"_s)) {
     layOut();
@@ -88,6 +88,12 @@ void PatientFrame::layOut() {
     row->addWidget(plainLabel(u"Lejárata:"_s));
     row->addWidget(field(SheetKey::KgyLe));
     row->addWidget(m_desk.makeCalendarButton(SheetKey::KgyLe));
+    row = addRow(u"Ellátás ideje:"_s);
+    row->addWidget(field(SheetKey::F_datum));
+    row->addWidget(m_desk.makeCalendarButton(SheetKey::F_datum));
+    row->addSpacing(6);
+    row->addWidget(field(SheetKey::F_ido));
+    row->addStretch(1);
     row = addRow(u"Nem:"_s);
     row->addWidget(field(SheetKey::Nem));
     row->addWidget(m_desk.makeMeaning(SheetKey::Nem), 1);

@@ -3,6 +3,7 @@
 
 #include "foundation/code_lists.h"
 #include "foundation/forms/form_overlays.h"
+#include "foundation/forms/note_edit.h"
 #include "foundation/forms/pick_list_frame.h"
 #include "platform/format.h"
 #include "sheet/forms/institution_head.h"
@@ -12,12 +13,14 @@
 #include "sheet/forms/sheet_desk.h"
 #include "sheet/forms/tetad_kieg1.h"
 #include "sheet/new_sheet.h"
+#include "sheet/sheet_checks.h"
 #include "sheet/sheet_settings.h"
 #include "sheet/sheet_store.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -78,7 +81,7 @@ tetad::tetad(Workstation& station, QWidget* opener)
     for (OverlayFrame* frame : {static_cast<OverlayFrame*>(m_other), static_cast<OverlayFrame*>(m_note)})
         m_overlays->add(frame);
     m_overlays->setHome(m_desk->input(SheetKey::Szakrend));
-    connect(m_other, &OtherDataFrame::fieldWanted, this, &tetad::focusField);
+    connect(m_other, &OtherDataFrame::fieldWanted, this, [this](SheetKey key) { focusField(key); });
     connect(m_overlays->pickList().switchBox(), &QCheckBox::toggled, this,
             [this](bool on) { m_desk->altEng = on; });
     connect(m_dictionary.get(), &tetad_kieg1::taken, this, &tetad::dictionaryTaken);
@@ -94,7 +97,6 @@ void tetad::layOut() {
     const OpenDictionary dictionary = [this](int tableCode) { openDictionary(tableCode); };
     m_head = new InstitutionHead(this);
     auto* unit = new UnitFrame(*m_desk, this);
-    auto* care = new CareFrame(*m_desk, this);
     auto* diagnoses = new DiagnosesFrame(*m_desk, dictionary, this);
     auto* correction = new CorrectionFrame(*m_desk, this);
     m_patient = new PatientFrame(*m_desk, dictionary, this);
@@ -104,30 +106,30 @@ void tetad::layOut() {
     m_note = new NoteFrame(*m_desk, this);
     m_overlays = new FormOverlays(*m_desk, this);
 
-    for (FormGroup* group : {static_cast<FormGroup*>(unit), static_cast<FormGroup*>(care),
-                             static_cast<FormGroup*>(diagnoses), static_cast<FormGroup*>(correction)})
+    // The road of Enter runs down the left column, then down the right one.
+    for (FormGroup* group : {static_cast<FormGroup*>(unit), static_cast<FormGroup*>(m_patient),
+                             static_cast<FormGroup*>(correction)})
         group->spread();
     auto* left = new QVBoxLayout;
     left->setSpacing(4);
     left->addWidget(unit);
-    left->addWidget(care);
-    left->addWidget(diagnoses);
+    left->addWidget(m_patient);
     left->addWidget(correction);
-    auto* later = new QHBoxLayout;
+    auto* later = new QGridLayout; // two rows: they must not set the width of the form
     for (const auto& [name, text] : laterButtons) {
         auto* button = new QPushButton(QString::fromUtf16(text));
         button->setObjectName(QString::fromLatin1(name));
         button->setAccessibleName(button->text());
         button->setFocusPolicy(Qt::NoFocus);
         button->setEnabled(false);
-        later->addWidget(button);
+        later->addWidget(button, later->count() / 2, later->count() % 2);
     }
     left->addStretch(1);
     left->addLayout(later);
     auto* right = new QVBoxLayout;
     right->setSpacing(4);
-    right->addWidget(m_patient);
     right->addWidget(fee);
+    right->addWidget(diagnoses);
     right->addWidget(m_procedures, 1);
     auto* columns = new QHBoxLayout;
     columns->setSpacing(8);
@@ -157,7 +159,13 @@ QWidget* tetad::makeFoot() {
         caption->setEnabled(command.ready);
         row->addWidget(caption);
     }
-    row->addStretch(1);
+    auto* status = new QLabel;
+    status->setObjectName(u"allapot"_s);
+    status->setAccessibleName(u"Állapot"_s);
+    status->setTextFormat(Qt::PlainText);
+    status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    row->addWidget(status, 1);
+    m_desk->chain.setStatusLine(status);
     // Labels only.
     for (const QString& text : {u"<Ctrl-F>Funkc. bill."_s, u"<F1> Segítség"_s}) {
         auto* label = new QLabel(text);
@@ -290,13 +298,30 @@ void tetad::placeFocus() {
 
 // After a correction the form stays open without a word.
 void tetad::store() {
-    if (m_overlays->picking() || !m_desk->chain.checkFocused()) return;
+    if (m_overlays->picking() || !m_desk->chain.settle()) return;
+    // The checks of the sheet come before a rule of the focused field could put something in its place.
+    std::optional<CheckFailure> failure;
+    if (!m_desk->guarded([&] { failure = checkSheet(station(), fields()); })) return;
+    if (failure) {
+        tell(station().dialogue, *failure);
+        focusField(failure->field);
+        return;
+    }
+    if (!m_desk->chain.checkFocusedIfChanged() || !typedCodeSettled()) return;
     StoreResult result;
-    if (!m_desk->guarded([&] { result = storeSheet(station(), fields()); })) return;
+    try {
+        result = storeSheet(station(), fields());
+    } catch (const FieldFault& fault) {
+        station().dialogue.tell(fault.text(), u"Hiba"_s);
+        focusField(fault.field());
+        return;
+    } catch (const Fault& fault) {
+        station().dialogue.tell(fault.text(), u"Hiba"_s);
+        return;
+    }
     switch (result.outcome) {
     case StoreOutcome::refused:
-        focusField(m_desk->keyOf(result.field) != nullptr ? *m_desk->keyOf(result.field)
-                                                          : SheetKey::Szakrend);
+        focusField(result.field);
         return;
     case StoreOutcome::stored:
         return;
@@ -308,6 +333,23 @@ void tetad::store() {
         close();
         return;
     }
+}
+
+// A code that was typed and not added would be lost without a word.
+bool tetad::typedCodeSettled() {
+    const QString code = m_desk->text(SheetKey::BEAV).trimmed();
+    if (code.isEmpty() ||
+        station().dialogue.ask(
+            u"A beírt beavatkozás (%1) nincs felvéve az adatlapra.\nTárolja az adatlapot nélküle?"_s.arg(
+                code),
+            u"Kérdés"_s))
+        return true;
+    focusField(SheetKey::BEAV);
+    return false;
+}
+
+void tetad::focusField(const QString& name) {
+    if (const SheetKey* key = m_desk->keyOf(name)) focusField(*key);
 }
 
 // The focus goes to a field wherever it stands: a frame that hides it closes, the frame it stands in opens.

@@ -69,6 +69,8 @@ class tetad : public WorkForm {
     void activate();
     void placeFocus();
     void focusField(SheetKey key);
+    void focusField(const QString& name);
+    bool typedCodeSettled();
 
     void openOtherData();
     void openNote();

@@ -61,31 +61,8 @@ bool UnitFrame::unitLeft() {
     return true;
 }
 
-CareFrame::CareFrame(SheetDesk& desk, QWidget* parent) : FormGroup(u"Ellátás"_s, leftLabelWidth, parent) {
-    QHBoxLayout* row = addRow(u"Ellátás ideje:"_s);
-    row->addWidget(desk.input(SheetKey::F_datum));
-    row->addWidget(desk.makeCalendarButton(SheetKey::F_datum));
-    row->addSpacing(6);
-    row->addWidget(desk.input(SheetKey::F_ido));
-    row->addStretch(1);
-    for (const SheetKey field : {SheetKey::Baleset, SheetKey::Ell_tip, SheetKey::Tova, SheetKey::EU_LAP}) {
-        row = addRow(desk.description(field).label.toString());
-        row->addWidget(desk.input(field));
-        row->addWidget(desk.makeMeaning(field), 1);
-    }
-    auto* euSheet = new QPushButton(u"EU adatlap..."_s);
-    euSheet->setObjectName(u"EU_adatlap_gomb"_s);
-    euSheet->setAccessibleName(euSheet->text());
-    euSheet->setFocusPolicy(Qt::NoFocus);
-    euSheet->setEnabled(false); // the EU sheet itself is not there yet
-    row->addWidget(euSheet);
-    desk.rules(SheetKey::EU_LAP).shown.push_back([&desk, euSheet] {
-        euSheet->setVisible(desk.text(SheetKey::EU_LAP) != "0"_L1);
-    });
-}
-
 FeeFrame::FeeFrame(SheetDesk& desk, QWidget* parent)
-    : FormGroup(u"Térítés"_s, rightLabelWidth, parent), m_desk(desk) {
+    : FormGroup(u"Térítés, ellátás"_s, rightLabelWidth, parent), m_desk(desk) {
     QHBoxLayout* row = addRow(u"Térítési kategória:"_s);
     m_categoryLabel = lastLabel();
     m_categoryLabel->setObjectName(u"Terites_cimke"_s);
@@ -102,9 +79,27 @@ FeeFrame::FeeFrame(SheetDesk& desk, QWidget* parent)
             m_desk.setText(SheetKey::TerReszlDij, QString());
     };
 
-    row = addRow(u"Elszámolási nyilatkozat:"_s);
-    row->addWidget(desk.input(SheetKey::ElszNyil));
-    row->addWidget(desk.makeMeaning(SheetKey::ElszNyil), 1);
+    const auto addCode = [&](SheetKey field) {
+        row->addWidget(desk.input(field));
+        row->addWidget(desk.makeMeaning(field), 1);
+    };
+    for (const SheetKey field : {SheetKey::Baleset, SheetKey::Ell_tip, SheetKey::Tova}) {
+        row = addRow(desk.description(field).label.toString());
+        addCode(field);
+    }
+    row = addRow(desk.description(SheetKey::EU_LAP).label.toString());
+    addCode(SheetKey::EU_LAP);
+    auto* euSheet = new QPushButton(u"EU adatlap..."_s);
+    euSheet->setObjectName(u"EU_adatlap_gomb"_s);
+    euSheet->setAccessibleName(euSheet->text());
+    euSheet->setFocusPolicy(Qt::NoFocus);
+    euSheet->setEnabled(false); // the EU sheet itself is not there yet
+    row->addWidget(euSheet);
+    desk.rules(SheetKey::EU_LAP).shown.push_back([&desk, euSheet] {
+        euSheet->setVisible(desk.text(SheetKey::EU_LAP) != "0"_L1);
+    });
+    row = addRow(desk.description(SheetKey::ElszNyil).label.toString());
+    addCode(SheetKey::ElszNyil);
 
     row = addRow(u"Vizitdíj / fizetésének módja:"_s);
     row->addWidget(desk.input(SheetKey::VizitDij));
@@ -112,7 +107,7 @@ FeeFrame::FeeFrame(SheetDesk& desk, QWidget* parent)
     row->addWidget(plainLabel(u" Ft / "_s));
     row->addWidget(desk.input(SheetKey::VizitdijFizMod));
     row->addWidget(desk.makeMeaning(SheetKey::VizitDij), 1);
-    addRow(QString())->addWidget(desk.makeMeaning(SheetKey::VizitdijFizMod), 1);
+    row->addWidget(desk.makeMeaning(SheetKey::VizitdijFizMod), 1);
 
     row = addRow(u"Térítés vagy mentesség jogcíme:"_s);
     row->addWidget(desk.input(SheetKey::Termen));

@@ -1,4 +1,4 @@
-// The groups of the visit itself: unit and referral, care, fee, diagnoses, correction; with the rules that
+// The groups of the visit itself: unit and referral, fee and care, diagnoses, correction; with the rules that
 // bind their fields to each other.
 #pragma once
 
@@ -16,7 +16,7 @@ class SheetDesk;
 using OpenDictionary = std::function<void(int tableCode)>;
 
 inline constexpr int leftLabelWidth = 156;
-inline constexpr int rightLabelWidth = 200;
+inline constexpr int rightLabelWidth = 186;
 
 class UnitFrame : public FormGroup {
     Q_OBJECT
@@ -28,13 +28,6 @@ class UnitFrame : public FormGroup {
     bool unitLeft(); // doctor and journal number follow the unit of a new sheet
 
     SheetDesk& m_desk;
-};
-
-class CareFrame : public FormGroup {
-    Q_OBJECT
-
-  public:
-    CareFrame(SheetDesk& desk, QWidget* parent);
 };
 
 class FeeFrame : public FormGroup {

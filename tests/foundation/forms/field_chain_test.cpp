@@ -2,12 +2,14 @@
 // back.
 #include "foundation/forms/field_chain.h"
 #include "foundation/forms/masked_field.h"
+#include "foundation/forms/note_edit.h"
 #include "support/keyboard.h"
 
 #include <gtest/gtest.h>
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
@@ -190,6 +192,100 @@ TEST_F(FieldChainTest, FocusedFieldIsCheckedOnDemand) {
     a->setFocus();
     EXPECT_TRUE(chain.checkFocused());
     EXPECT_EQ(checks, 4);
+}
+
+// What a report could not carry never enters a field, however it comes; a stored text stays until it is
+// edited.
+TEST_F(FieldChainTest, FieldsTakeTheLettersOfTheCodePage) {
+    auto* note = new NoteEdit(&window);
+    auto* status = new QLabel(&window);
+    layout->addWidget(note);
+    chain.add(a);
+    chain.add(b);
+    chain.adopt(note);
+    chain.setStatusLine(status);
+    b->setText(u"漢"_s);
+    showOn(a);
+    typeText(u"Muñoz"_s);
+    EXPECT_EQ(a->text(), u"Munoz"_s);
+    EXPECT_TRUE(status->text().contains(u"ñ"_s)) << status->text().toStdString();
+    a->setCursorPosition(2);
+    typeText(u"漢é"_s);
+    EXPECT_EQ(a->text(), u"Muénoz"_s); // and the cursor is where it was
+    EXPECT_TRUE(status->text().contains(u"漢"_s));
+    QGuiApplication::clipboard()->setText(u"\uFEFFțőke\u200B"_s);
+    a->selectAll();
+    a->paste();
+    EXPECT_EQ(a->text(), u"tőke"_s);
+    EXPECT_EQ(b->text(), u"漢"_s);
+    note->setFocus();
+    note->paste();
+    typeText(u"ñ漢"_s);
+    EXPECT_EQ(note->toPlainText(), u"tőken"_s);
+}
+
+TEST_F(FieldChainTest, SingleDigitsOfDatesAndHoursGetTheirZero) {
+    auto* date = new MaskedField(MaskedField::Mask::date, &window);
+    auto* time = new MaskedField(MaskedField::Mask::time, &window);
+    layout->addWidget(date);
+    layout->addWidget(time);
+    QString seen;
+    chain.add(date, {.leave = [&] {
+                  seen = date->value();
+                  return true;
+              }});
+    chain.add(time);
+    showOn(date);
+    typeText(u"2008.4.1."_s);
+    pressKey(Qt::Key_Return);
+    EXPECT_EQ(seen, u"2008.04.01."_s); // the check sees the mended date
+    typeText(u"9:30"_s);
+    pressKey(Qt::Key_Up);
+    EXPECT_EQ(time->value(), u"09:30"_s);
+    time->clearValue();
+    pressKey(Qt::Key_Return);
+    pressKey(Qt::Key_Up);
+    EXPECT_TRUE(time->isEmptyMask());
+}
+
+// Without this, what is typed after the click is lost behind the end of the mask.
+TEST_F(FieldChainTest, ClickIntoAnEmptyMaskGoesToItsFirstPlace) {
+    auto* date = new MaskedField(MaskedField::Mask::date, &window);
+    layout->addWidget(date);
+    chain.add(date);
+    showOn(date);
+    QTest::mouseClick(date, Qt::LeftButton, {}, QPoint(date->width() - 5, date->height() / 2));
+    QCoreApplication::processEvents();
+    typeText(u"20080403"_s);
+    EXPECT_EQ(date->value(), u"2008.04.03."_s);
+}
+
+TEST_F(FieldChainTest, OnlyAChangedFieldIsCheckedBeforeItsContentIsTaken) {
+    int checks = 0;
+    chain.add(a, {.leave = [&] {
+                  ++checks;
+                  return true;
+              }});
+    chain.add(b);
+    a->setText(u"x"_s);
+    showOn(a);
+    EXPECT_TRUE(chain.checkFocusedIfChanged());
+    EXPECT_EQ(checks, 0);
+    typeText(u"y"_s);
+    EXPECT_TRUE(chain.checkFocusedIfChanged());
+    EXPECT_EQ(checks, 1);
+    chain.takeAsUnchanged();
+    {
+        // A list over the form: what it puts into the field is a change, though the focus was away meanwhile.
+        QLineEdit list(&window);
+        list.show();
+        const ChecksPaused paused(chain);
+        list.setFocus();
+        a->setText(u"z"_s);
+        a->setFocus();
+    }
+    EXPECT_TRUE(chain.checkFocusedIfChanged());
+    EXPECT_EQ(checks, 2);
 }
 
 } // namespace vandrel::test

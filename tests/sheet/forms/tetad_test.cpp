@@ -3,6 +3,7 @@
 #include "sheet/forms/tetad_kieg1.h"
 #include "sheet/sheet_field_table.h"
 #include "sheet/sheet_fields.h"
+#include "support/sheet_samples.h"
 #include "support/sheet_screen.h"
 
 using namespace Qt::StringLiterals;
@@ -16,6 +17,9 @@ const QString registerQuestion =
     u"Ilyen TAJ számú beteg nincs a Páciens törzsben!\nKivánja most rögzíteni?"_s;
 
 const QString hostile = u"O'Brien %_\"; <b>x</b> & 漢 'or 1=1--"_s;
+
+// A letter that no report can carry is left out as it is typed.
+const QString taken = QString(hostile).remove(u'漢');
 
 // From the patient's type on to the birth date of somebody who is not in the register; empty: only Enter.
 void typeNewPatient() {
@@ -142,7 +146,7 @@ TEST_F(Tetad, WholeSheetIsTypedAndStoredWithoutMouse) {
                      "Neve||'|'||Irszam||'|'||City||'|'||Cim||'|'||Anyja_neve||'|'||Nem||'|'||Szul_"
                      "Dat||'|'||Leanykori_neve"
                      " from Paciensek where ID=8"),
-              hostile + u"|1012|Budapest 12|Kő köz 3.|Tóth Ilona|1|1958.07.04.|"_s + hostile);
+              taken + u"|1012|Budapest 12|Kő köz 3.|Tóth Ilona|1|1958.07.04.|"_s + taken);
     // The next sheet is shown as a fresh one.
     EXPECT_EQ(label("Azonosito"), u"A010000043"_s);
     EXPECT_EQ(focusName(), u"Szakrend"_s);
@@ -238,6 +242,38 @@ TEST_F(Tetad, StoreChecksTheFieldThatHasTheFocus) {
     type("Cim", u"abc"_s);
     pressKey(Qt::Key_K, Qt::ControlModifier); // not there yet, and no editing key either
     EXPECT_EQ(text("Cim"), u"abc"_s);
+}
+
+TEST_F(Tetad, StoringChangesNothingThatWasTyped) {
+    SheetFields sheet = goodSheet(setUp.workstation);
+    sheet.Orvkod = u"22222"_s;
+    sheet.Naplo = u"77"_s;
+    form.setFields(sheet);
+    form.present();
+    EXPECT_EQ(focusName(), u"Szakrend"_s); // unchanged: doctor and journal number stay as they are
+    dialogue.expectQuestion(storedQuestion, Answer::yes);
+    store();
+    EXPECT_EQ(stored("select ORVKOD||'|'||NAPLO from BETEG"), u"22222|77"_s);
+
+    form.setFields(goodSheet(setUp.workstation));
+    go("Terites");
+    pressKey(Qt::Key_Delete);
+    dialogue.expect(u"Térítési kategória nincs kitöltve!"_s);
+    EXPECT_EQ(store(), u"Terites"_s);
+    EXPECT_EQ(text("Terites"), QString()); // refused, not replaced
+    typeText(u"02"_s);
+
+    type("BEAV", u"11041"_s);
+    dialogue.expectQuestion(
+        u"A beírt beavatkozás (11041) nincs felvéve az adatlapra.\nTárolja az adatlapot nélküle?"_s,
+        Answer::no, u"Kérdés"_s);
+    EXPECT_EQ(store(), u"BEAV"_s);
+    pressKey(Qt::Key_Delete);
+    type("Naplo", u"1,,2"_s);
+    go("Neve");
+    dialogue.expect(u"A naplósorszám nem szám: 1,,2"_s, u"Hiba"_s);
+    EXPECT_EQ(store(), u"Naplo"_s);
+    EXPECT_EQ(stored("select count(*) from BETEG"), u"1"_s);
 }
 
 // As the program runs it: it opens with its content, is deleted when it closes, and the opener waits.
