@@ -3,6 +3,7 @@
 // list, numeric fields drop other keys, and a check runs when the focus leaves a field.
 #pragma once
 
+#include <QLabel>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -11,7 +12,6 @@
 #include <vector>
 
 class QAbstractButton;
-class QLabel;
 class QLineEdit;
 class QKeyEvent;
 
